@@ -1,0 +1,3 @@
+// The one header through which modules see their host.
+#pragma once
+#include "KxWin.h"

@@ -1,0 +1,2 @@
+// Windows and MFC: the part of the host seam that KxMfcEx/ may see.
+#pragma once
