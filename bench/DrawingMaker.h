@@ -1,0 +1,16 @@
+// Writes ASCII R2000 drawings of any size: the same mix of entities and the same bytes for the same numbers.
+#pragma once
+#include <cstdint>
+#include <string>
+
+namespace KxBench {
+
+struct DrawingSize {
+    std::int64_t entities = 1'000'000;   // half LINE, a fifth LWPOLYLINE of 8 vertices, a tenth each CIRCLE, ARC, TEXT
+    std::int64_t layers = 2'000;         // besides layer 0; entities are spread over all of them
+};
+
+// Returns the count of bytes written, or -1 when the file cannot be written.
+std::int64_t WriteDrawing(const std::string& path, const DrawingSize& size);
+
+}   // namespace KxBench
