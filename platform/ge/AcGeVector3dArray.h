@@ -1,0 +1,2 @@
+#pragma once
+#include "AcGePoint3dArray.h"

@@ -1,0 +1,3 @@
+#include "AcGiDrawable.h"
+
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiDrawable, AcRxObject);
