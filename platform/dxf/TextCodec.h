@@ -1,0 +1,43 @@
+// Texts of a drawing file: bytes of its code page (UTF-8 from AC1021 on) with "\U+XXXX" and "\M+nXXXX" for what the
+// code page lacks. Bytes that mean nothing in the code page survive reading and writing.
+#pragma once
+#include "../db/AcDb.h"
+#include "../mfc/CString.h"
+#include <string>
+#include <string_view>
+
+namespace KxPlat {
+
+class TextCodec {
+public:
+    TextCodec() = default;
+    // `pageName` is the value of $DWGCODEPAGE; an empty or unknown one counts as ANSI_1252.
+    TextCodec(AcDb::AcDbDwgVersion version, std::string_view pageName);
+
+    unsigned codePage() const { return m_codePage; }
+
+    CString Decode(std::string_view bytes) const
+    {
+        constexpr size_t kShort = 120;
+        if (bytes.size() > kShort)
+            return SlowDecode(bytes);
+        wchar_t wide[kShort];
+        for (size_t i = 0; i < bytes.size(); ++i) {
+            const unsigned char c = static_cast<unsigned char>(bytes[i]);
+            if (c >= 0x80 || c == '\\')
+                return SlowDecode(bytes);
+            wide[i] = c;
+        }
+        return CString(wide, int(bytes.size()));
+    }
+    // The bytes stay valid until the next call.
+    std::string_view Encode(const CString& text) const;
+
+private:
+    CString SlowDecode(std::string_view bytes) const;
+
+    unsigned m_codePage = 1252;
+    mutable std::string m_bytes;
+};
+
+}   // namespace KxPlat
