@@ -1,0 +1,29 @@
+// A named entry of one of the nine symbol tables.
+#pragma once
+#include "AcDbObject.h"
+
+class AcDbSymbolTableRecord : public AcDbObject {
+public:
+    ACDB_DECLARE_MEMBERS(AcDbSymbolTableRecord);
+
+    // A new string that the caller frees with acutDelString.
+    Acad::ErrorStatus getName(ACHAR*& name) const;
+    Acad::ErrorStatus getName(const ACHAR*& name) const;
+    // Refuses an empty or illegal name, one that the table already has, and the name of an xref-dependent record.
+    Acad::ErrorStatus setName(const ACHAR* name);
+    bool isDependent() const { return (m_flags & 16) != 0; }
+    bool isResolved() const { return (m_flags & 32) != 0; }
+    bool isRenamable() const;
+
+    const CString& nameText() const { return m_name; }
+    // For readers of files, before the record joins its table: takes any name.
+    void takeName(const CString& name) { m_name = name; }
+
+protected:
+    Acad::ErrorStatus subErase(bool erasing) override;
+    // False for a record that the drawing cannot do without.
+    virtual bool isErasable() const { return true; }
+
+    CString m_name;
+    int16_t m_flags = 0;   // bits of group 70
+};

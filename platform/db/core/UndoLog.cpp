@@ -1,0 +1,141 @@
+#include "UndoLog.h"
+#include "Fields.h"
+#include "ObjectAccess.h"
+#include "RecordNames.h"
+
+namespace KxPlat {
+
+UndoLog::~UndoLog() = default;
+
+void UndoLog::Begin(const CString& command)
+{
+    ++m_serial;
+    m_nextCommand = command;
+}
+
+UndoLog::Step& UndoLog::Open()
+{
+    if (m_openSerial != m_serial) {
+        m_openSerial = m_serial;
+        m_done.push_back({m_nextCommand, {}});
+        m_undone.clear();
+    }
+    return m_done.back();
+}
+
+void UndoLog::Changing(AcDbObject& object)
+{
+    AcDbStub* stub = ObjectAccess::Stub(object);
+    if (m_isOff || stub == nullptr || stub->recordedIn == m_serial)
+        return;
+    stub->recordedIn = m_serial;
+    Change change;
+    change.stub = stub;
+    change.before.reset(static_cast<AcDbObject*>(object.isA()->create()));
+    if (change.before == nullptr)
+        return;
+    CopyFields(*change.before, object);
+    Open().changes.push_back(std::move(change));
+}
+
+void UndoLog::Erasing(AcDbStub* stub)
+{
+    if (m_isOff)
+        return;
+    Change change;
+    change.kind = Change::Kind::Erased;
+    change.stub = stub;
+    change.wasErased = stub->erased;
+    Open().changes.push_back(std::move(change));
+}
+
+// Taking an addition back erases the object; bringing it back unerases it.
+void UndoLog::Added(AcDbStub* stub)
+{
+    if (m_isOff)
+        return;
+    Change change;
+    change.kind = Change::Kind::Erased;
+    change.stub = stub;
+    change.wasErased = true;
+    stub->recordedIn = m_serial;
+    Open().changes.push_back(std::move(change));
+}
+
+void UndoLog::ChangingHeader(const HeaderVars& vars, std::string_view name)
+{
+    if (m_isOff)
+        return;
+    Change change;
+    change.kind = Change::Kind::Header;
+    const HeaderVar* var = vars.Find(name);
+    change.hadHeader = var != nullptr;
+    change.header = var != nullptr ? *var : HeaderVar{std::string(name), {}};
+    Open().changes.push_back(std::move(change));
+}
+
+void UndoLog::Swap(Change& change, HeaderVars& vars)
+{
+    if (change.kind == Change::Kind::Erased) {
+        std::swap(change.wasErased, change.stub->erased);
+        return;
+    }
+    if (change.kind == Change::Kind::Header) {
+        const HeaderVar* now = vars.Find(change.header.name);
+        HeaderVar present = now != nullptr ? *now : HeaderVar{change.header.name, {}};
+        const bool hasNow = now != nullptr;
+        if (change.hadHeader)
+            vars.Get(change.header.name).groups = change.header.groups;
+        else
+            vars.Remove(change.header.name);
+        change.header = std::move(present);
+        change.hadHeader = hasNow;
+        return;
+    }
+    AcDbObject& object = *change.stub->object;
+    std::unique_ptr<AcDbObject> present(static_cast<AcDbObject*>(object.isA()->create()));
+    CopyFields(*present, object);
+    const CString oldName = RecordNameOf(object);
+    CopyFields(object, *change.before);
+    ObjectAccess::State(object) |= kChangedSinceRead;
+    if (oldName != RecordNameOf(object))
+        RecordRenamed(object, oldName);
+    change.before = std::move(present);
+}
+
+bool UndoLog::Undo(HeaderVars& vars, CString& command)
+{
+    if (m_done.empty())
+        return false;
+    Step step = std::move(m_done.back());
+    m_done.pop_back();
+    for (size_t i = step.changes.size(); i-- > 0;)
+        Swap(step.changes[i], vars);
+    command = step.command;
+    m_undone.push_back(std::move(step));
+    ++m_serial;
+    return true;
+}
+
+bool UndoLog::Redo(HeaderVars& vars, CString& command)
+{
+    if (m_undone.empty())
+        return false;
+    Step step = std::move(m_undone.back());
+    m_undone.pop_back();
+    for (Change& change : step.changes)
+        Swap(change, vars);
+    command = step.command;
+    m_done.push_back(std::move(step));
+    ++m_serial;
+    return true;
+}
+
+void UndoLog::Clear()
+{
+    m_done.clear();
+    m_undone.clear();
+    m_openSerial = 0;
+}
+
+}   // namespace KxPlat

@@ -1,0 +1,62 @@
+// What a drawing was before each command. An object's fields are recorded when they are first changed in a step;
+// additions and erasures are recorded as such. Undoing swaps the recorded state with the present one, which makes the
+// same record serve for redoing.
+#pragma once
+#include "GroupValue.h"
+#include "HeaderVars.h"
+#include <memory>
+#include <string>
+#include <vector>
+
+class AcDbObject;
+
+namespace KxPlat {
+
+class UndoLog {
+public:
+    ~UndoLog();
+
+    // Starts a step, by the name of its command. Steps that changed nothing leave no trace.
+    void Begin(const CString& command);
+    // Number of the current step; 0 while nothing is recorded.
+    uint32_t Current() const { return m_isOff ? 0 : m_serial; }
+    // Reading a file or building a drawing is no step.
+    void SetOff(bool isOff) { m_isOff = isOff; }
+    bool IsOff() const { return m_isOff; }
+
+    void Changing(AcDbObject& object);
+    void Erasing(AcDbStub* stub);     // before the erased flag turns
+    void Added(AcDbStub* stub);
+    void ChangingHeader(const HeaderVars& vars, std::string_view name);
+
+    // One step back or forth; the name of its command, or false when there is none.
+    bool Undo(HeaderVars& vars, CString& command);
+    bool Redo(HeaderVars& vars, CString& command);
+    size_t UndoDepth() const { return m_done.size(); }
+    void Clear();
+
+private:
+    struct Change {
+        enum class Kind { Fields, Erased, Header } kind = Kind::Fields;
+        AcDbStub* stub = nullptr;
+        std::unique_ptr<AcDbObject> before;
+        bool wasErased = false;
+        HeaderVar header;
+        bool hadHeader = false;
+    };
+    struct Step {
+        CString command;
+        std::vector<Change> changes;
+    };
+    Step& Open();
+    void Swap(Change& change, HeaderVars& vars);
+
+    std::vector<Step> m_done;
+    std::vector<Step> m_undone;
+    CString m_nextCommand;
+    uint32_t m_serial = 1;
+    uint32_t m_openSerial = 0;   // the step that m_done.back() belongs to
+    bool m_isOff = false;
+};
+
+}   // namespace KxPlat
