@@ -1,2 +1,3 @@
 // Windows and MFC: the part of the host seam that KxMfcEx/ may see.
 #pragma once
+#include "win/KxWinTypes.h"
