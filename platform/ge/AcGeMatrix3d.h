@@ -24,7 +24,7 @@ public:
     AcGeMatrix3d& setToIdentity();
 
     // A singular matrix answers itself.
-    AcGeMatrix3d inverse(const AcGeTol& tol = AcGeContext::gTol) const;
+    AcGeMatrix3d inverse() const;
     AcGeMatrix3d& invert() { return *this = inverse(); }
     bool isSingular(const AcGeTol& tol = AcGeContext::gTol) const;
     AcGeMatrix3d transpose() const;

@@ -1,0 +1,2 @@
+#pragma once
+#include "AcGeCircArc2d.h"
