@@ -1,3 +1,3 @@
 #include "AcGiDrawable.h"
 
-ACRX_NO_CONS_DEFINE_MEMBERS(AcGiDrawable, AcRxObject);
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiDrawable, AcRxObject)

@@ -3,9 +3,9 @@
 #include <map>
 #include <memory>
 
-ACRX_NO_CONS_DEFINE_MEMBERS(AcRxIterator, AcRxObject);
-ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDictionaryIterator, AcRxIterator);
-ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDictionary, AcRxObject);
+ACRX_NO_CONS_DEFINE_MEMBERS(AcRxIterator, AcRxObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDictionaryIterator, AcRxIterator)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDictionary, AcRxObject)
 
 namespace {
 

@@ -79,7 +79,7 @@ private:
             gpDesc = KxPlat::DescribeClass(L## #CLASS_NAME, PARENT_CLASS::desc(), MAKE, DWG_VERSION, MAINT_VERSION,    \
                                            PROXY_FLAGS, DXF_NAME, APP);                                                \
     }                                                                                                                  \
-    static const KxPlat::RxClassEntry g_rxEntryOf##CLASS_NAME(&CLASS_NAME::desc, CLASS_NAME::gpDesc)
+    static const KxPlat::RxClassEntry g_rxEntryOf##CLASS_NAME(&CLASS_NAME::desc, CLASS_NAME::gpDesc);
 
 #define ACRX_NO_CONS_DEFINE_MEMBERS(CLASS_NAME, PARENT_CLASS)                                                          \
     KX_RX_DEFINE_MEMBERS(CLASS_NAME, PARENT_CLASS, nullptr, 0, 0, 0, nullptr, nullptr)

@@ -2,7 +2,7 @@
 #include "AcRxDictionary.h"
 #include <memory>
 
-ACRX_CONS_DEFINE_MEMBERS(AcRxService, AcRxObject, 0);
+ACRX_CONS_DEFINE_MEMBERS(AcRxService, AcRxObject, 0)
 
 namespace {
 
