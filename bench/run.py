@@ -1,0 +1,86 @@
+#!/usr/bin/env python3
+"""Measures the goals of speed and prints one table: each figure as a ratio to a bare walk over the same file, in the same run."""
+import argparse
+import json
+import os
+import subprocess
+import sys
+from pathlib import Path
+
+LAYERS = 2000
+MANY_LAYERS = 100_000
+
+
+def prepared(folder, maker, name, entities, layers):
+    """Makes a drawing unless it is there in this size."""
+    path, note = folder / name, folder / f"{name}.size"
+    size = f"{entities} {layers} {maker.stat().st_mtime_ns}"
+    if not (path.exists() and note.exists() and note.read_text() == size):
+        subprocess.run([maker, str(entities), str(layers), path], check=True, stdout=sys.stderr)
+        note.write_text(size)
+    return path
+
+
+def measured(program, folder, only):
+    result = subprocess.run([program, "--benchmark_format=json", f"--benchmark_filter={only}"], check=False, stdout=subprocess.PIPE,
+                            env={**os.environ, "KX_BENCH_DIR": str(folder)})
+    if result.returncode != 0:
+        sys.exit(f"bench: {program.name} ended with status {result.returncode}")
+    rows = {}
+    for row in json.loads(result.stdout)["benchmarks"]:
+        name = row["name"].split("/")[0]
+        if row.get("error_occurred"):
+            print(f"bench: {name}: {row['error_message']}", file=sys.stderr)
+        else:
+            rows[name] = row
+    return rows
+
+
+def peak_memory(kxcad, drawing):
+    """The largest resident size of the host program, in bytes, while it holds the drawing."""
+    process = subprocess.Popen([kxcad, "--no-module", "--quiet", drawing], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+    _, status, usage = os.wait4(process.pid, 0)
+    process.returncode = os.waitstatus_to_exitcode(status)
+    return usage.ru_maxrss * 1024 if process.returncode == 0 else None
+
+
+def main():
+    options = argparse.ArgumentParser(description=__doc__)
+    options.add_argument("--build", type=Path, required=True)
+    options.add_argument("--entities", type=int, default=1_000_000)
+    options.add_argument("--only", default=".", help="a pattern of measurements")
+    options = options.parse_args()
+    programs, folder = options.build / "bin", options.build / "bench-data"
+    folder.mkdir(exist_ok=True)
+    maker = programs / "kx_make_drawing"
+    drawing = prepared(folder, maker, "all.dxf", options.entities, LAYERS)
+    prepared(folder, maker, "tenth.dxf", options.entities // 10, LAYERS)
+    prepared(folder, maker, "layers.dxf", 1000, MANY_LAYERS)
+
+    rows = measured(programs / "kx_bench", folder, options.only)
+    seconds = {name: row["real_time"] / 1000 for name, row in rows.items()}
+    size = drawing.stat().st_size
+    peak = peak_memory(programs / "kxcad", drawing)
+
+    def ratio(name, to):
+        return seconds[name] / seconds[to] if name in seconds and seconds.get(to) else None
+
+    table = [
+        ("open, everything kept", "walks", 3.0, ratio("OpenAll", "Walk")),
+        ("peak memory of the open drawing", "times the file", 2.0, peak / size if peak else None),
+        ("open all / open a tenth", "times", 11.0, ratio("OpenAll", "OpenTenth")),
+        ("open, all layers off, save", "walk-and-writes", 3.0, ratio("OpenOffSave", "WalkAndWrite")),
+        ("HidePickObjectLayer over all objects", "walks", 0.2, ratio("HidePickObjectLayer", "Walk")),
+        (f"ShowAllLayer over {MANY_LAYERS} layers", "walks", 0.05, ratio("ShowAllLayer", "Walk")),
+        ("open and close one object by id", "ns", 20.0, rows.get("OpenCloseById", {}).get("each_ns")),
+    ]
+    print(f"{options.entities} entities, {LAYERS} layers, {size / 1e6:.0f} MB; one walk {seconds.get('Walk', 0):.3f} s, "
+          f"walk-and-write {seconds.get('WalkAndWrite', 0):.3f} s of processor time\n")
+    print(f"{'what':<40}{'measured':>10}{'goal':>8}  unit")
+    for what, unit, goal, value in table:
+        verdict = "" if value is None or value <= goal else "   missed"
+        print(f"{what:<40}{'-' if value is None else format(value, '.2f'):>10}{goal:>8.2f}  {unit}{verdict}")
+
+
+if __name__ == "__main__":
+    main()
