@@ -160,6 +160,12 @@ void AcDbBlockTableRecord::takeNameFromBegin()
         m_name = begin->m_name;
 }
 
+void AcDbBlockTableRecord::nameBegin()
+{
+    if (AcDbBlockBegin* begin = beginObject())
+        begin->m_name = begin->m_name2 = m_name;
+}
+
 void AcDbBlockTableRecord::completeBlock()
 {
     DbCore& core = CoreOf(*database());

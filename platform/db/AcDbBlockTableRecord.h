@@ -94,6 +94,8 @@ public:
     bool isPaperSpace() const;
     // For files that have no table of blocks.
     void takeNameFromBegin();
+    // The other way round: BLOCK takes the record's name.
+    void nameBegin();
 
 protected:
     bool isErasable() const override;

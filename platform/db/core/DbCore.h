@@ -28,6 +28,15 @@ struct LooseSection {
     std::vector<LooseRecord> records;
 };
 
+// A group of an object that says the same as the database in other words: a name in another case, an owner that is not
+// the real one.
+struct KeptSpelling {
+    const AcDbStub* object;
+    int16_t code;
+    CString name;       // of a symbol table record
+    AcDbStub* owner;    // for code 330
+};
+
 // The file that a drawing was read from, as far as writing it back needs it.
 struct FileForm {
     AcDb::AcDbDwgVersion version = AcDb::kDHL_1024;
@@ -43,6 +52,8 @@ struct FileForm {
     std::vector<std::string> tableOrder;      // "VPORT", "LTYPE", ...
     std::vector<LooseRecord> classes;
     std::vector<LooseSection> sections;       // everything besides the known six
+    std::vector<AcDbStub*> objectOrder;       // of the OBJECTS section
+    std::vector<KeptSpelling> spellings;      // sorted by object
     uint64_t repairs = 0;                     // faults that reading mended
 };
 

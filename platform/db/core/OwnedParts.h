@@ -1,0 +1,32 @@
+// The entities that follow their owner in a file: the vertices of a polyline, the attributes of an insertion, and the
+// end mark behind them. Until the owner joins a database they wait here and belong to it.
+#pragma once
+#include "../AcDbEntity.h"
+
+namespace KxPlat {
+
+class OwnedParts {
+public:
+    OwnedParts() = default;
+    ~OwnedParts();
+    OwnedParts(const OwnedParts&) = delete;
+    OwnedParts& operator=(const OwnedParts&) = delete;
+
+    // In file order, the end mark last where there is one.
+    const std::vector<AcDbStub*>& stubs() const { return m_stubs; }
+    // From a file.
+    void Attach(AcDbStub* part) { m_stubs.push_back(part); }
+    // Puts a new part behind `after`, or behind all others when that is null. In a database the part stays open for
+    // write and gets an id; outside one the id is null and the part waits.
+    Acad::ErrorStatus Insert(AcDbEntity& owner, AcDbEntity* part, AcDbObjectId after, AcDbObjectId& id);
+    // The owner joined a database: so do the parts that wait, and an end mark on the owner's layer.
+    void Adopt(AcDbEntity& owner, DbCore& core);
+
+private:
+    void Complete(AcDbEntity& owner, DbCore& core);
+
+    std::vector<AcDbStub*> m_stubs;
+    std::vector<AcDbEntity*> m_waiting;
+};
+
+}   // namespace KxPlat
