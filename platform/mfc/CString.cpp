@@ -3,81 +3,68 @@
 #include "../win/CodePage.h"
 #include "../win/Format.h"
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
+#include <climits>
 #include <new>
+
+constinit const CString::NilBlock CString::s_nil = {{0, 0, 0}, L'\0'};
 
 namespace {
 
-struct EmptyText {
-    int32_t head[4] = {-1, 0, 0, 0};
-    wchar_t text[1] = {0};
-};
+int LengthOf(const wchar_t* text)
+{
+    return text == nullptr ? 0 : int(std::wcslen(text));
+}
 
-// Never changed: every writer makes a text of its own first.
-EmptyText g_empty;
+std::string_view Bytes(const char* text)
+{
+    return text == nullptr ? std::string_view() : std::string_view(text);
+}
+
+CString Joined(const wchar_t* a, int lengthOfA, const wchar_t* b, int lengthOfB)
+{
+    CString joined;
+    joined.Preallocate(lengthOfA + lengthOfB);
+    joined.Append(a, lengthOfA);
+    joined.Append(b, lengthOfB);
+    return joined;
+}
 
 }   // namespace
 
-wchar_t* CString::NoText()
+CString::CString(CString&& other) noexcept : m_text(other.m_text)
 {
-    return g_empty.text;
+    other.m_text = Nil();
 }
 
-wchar_t* CString::NewText(int capacity)
+CString::CString(const char* text) : m_text(Nil())
 {
-    void* block = std::malloc(sizeof(Header) + (size_t(capacity) + 1) * sizeof(wchar_t));
-    if (block == nullptr)
-        throw std::bad_alloc();
-    Header* head = static_cast<Header*>(block);
-    *head = {1, 0, capacity, 0};
-    return reinterpret_cast<wchar_t*>(head + 1);
+    const std::wstring wide = KxPlat::Decode(CP_ACP, Bytes(text));
+    SetString(wide.data(), int(wide.size()));
 }
 
-void CString::Release()
+CString::CString(const char* text, int length) : m_text(Nil())
 {
-    Header* head = Head();
-    if (head->references > 0 && --head->references == 0)
-        std::free(head);
+    const std::wstring wide = KxPlat::Decode(CP_ACP, {text, size_t(std::max(length, 0))});
+    SetString(wide.data(), int(wide.size()));
 }
 
-CString::CString(const wchar_t* text, int length) : m_text(NoText())
+CString::CString(wchar_t character, int repeat) : m_text(Nil())
 {
-    SetText(text, length);
-}
-
-CString::CString(const char* text) : m_text(NoText())
-{
-    if (text != nullptr)
-        *this = CString(KxPlat::Decode(KxPlat::AnsiCodePage(), text));
-}
-
-CString::CString(wchar_t character, int repeat) : m_text(NoText())
-{
-    wchar_t* to = GetBufferSetLength(std::max(repeat, 0));
-    std::fill(to, to + std::max(repeat, 0), character);
-}
-
-void CString::SetText(const wchar_t* text, int length)
-{
-    if (length <= 0 || text == nullptr) {
-        Release();
-        m_text = NoText();
-        return;
-    }
-    wchar_t* fresh = NewText(length);
-    std::memcpy(fresh, text, size_t(length) * sizeof(wchar_t));
-    fresh[length] = 0;
-    Release();   // `text` may lie in what is given up here
-    m_text = fresh;
-    Head()->length = length;
+    if (repeat > 0)
+        std::wmemset(GetBufferSetLength(repeat), character, size_t(repeat));
 }
 
 CString& CString::operator=(const CString& other)
 {
-    other.Share();
+    if (m_text == other.m_text)
+        return *this;
+    if (Head()->references < 0) {   // a locked buffer stays where it is
+        SetString(other.m_text, other.GetLength());
+        return *this;
+    }
+    wchar_t* text = other.Shared();
     Release();
-    m_text = other.m_text;
+    m_text = text;
     return *this;
 }
 
@@ -89,137 +76,214 @@ CString& CString::operator=(CString&& other) noexcept
 
 CString& CString::operator=(const wchar_t* text)
 {
-    SetText(text, text == nullptr ? 0 : int(std::wcslen(text)));
+    SetString(text);
     return *this;
-}
-
-CString& CString::operator=(const char* text)
-{
-    return *this = CString(text);
 }
 
 CString& CString::operator=(wchar_t character)
 {
-    SetText(&character, 1);
+    SetString(&character, 1);
     return *this;
+}
+
+// --- memory -----------------------------------------------------------------------------------------------------
+
+wchar_t* CString::Allocate(int capacity)
+{
+    constexpr int kMost = (INT_MAX - int(sizeof(Header))) / int(sizeof(wchar_t)) - 1;
+    if (capacity < 0 || capacity > kMost)
+        throw std::bad_alloc();
+    void* block = std::malloc(sizeof(Header) + (size_t(capacity) + 1) * sizeof(wchar_t));
+    if (block == nullptr)
+        throw std::bad_alloc();
+    Header* head = new (block) Header{1, 0, capacity};
+    wchar_t* text = reinterpret_cast<wchar_t*>(head + 1);
+    text[0] = L'\0';
+    return text;
+}
+
+wchar_t* CString::Copied() const
+{
+    const int length = GetLength();
+    if (length == 0)
+        return Nil();
+    wchar_t* text = Allocate(length);
+    std::wmemcpy(text, m_text, size_t(length) + 1);
+    reinterpret_cast<Header*>(text)[-1].length = length;
+    return text;
+}
+
+wchar_t* CString::Writable(int capacity)
+{
+    const Header& head = *Head();
+    const bool isOwn = head.references == 1 || head.references < 0;
+    if (isOwn && head.capacity >= capacity)
+        return m_text;
+    // A text that grows does so by half, so that appending stays linear.
+    const int length = head.length;
+    int wanted = std::max(capacity, length);
+    if (isOwn && head.capacity > 0 && head.capacity < (1 << 28))
+        wanted = std::max(wanted, head.capacity + head.capacity / 2);
+    wchar_t* text = Allocate(wanted);
+    std::wmemcpy(text, m_text, size_t(length) + 1);
+    Header& newHead = reinterpret_cast<Header*>(text)[-1];
+    newHead.length = length;
+    newHead.references = head.references < 0 ? -1 : 1;
+    Release();
+    m_text = text;
+    return m_text;
+}
+
+void CString::SetLength(int length)
+{
+    Head()->length = length;
+    m_text[length] = L'\0';
 }
 
 void CString::Empty()
 {
-    SetText(nullptr, 0);
-}
-
-wchar_t* CString::GetBuffer(int minLength)
-{
-    Header* head = Head();
-    const int wanted = std::max(minLength, int(head->length));
-    if (head->references == 1 && head->capacity >= wanted)
-        return m_text;
-    wchar_t* own = NewText(wanted);
-    std::memcpy(own, m_text, (size_t(head->length) + 1) * sizeof(wchar_t));
-    const int length = head->length;
+    if (Head()->references < 0) {
+        SetLength(0);
+        return;
+    }
     Release();
-    m_text = own;
-    Head()->length = length;
-    return m_text;
+    m_text = Nil();
 }
 
-wchar_t* CString::GetBufferSetLength(int length)
+void CString::SetString(const wchar_t* text, int length)
 {
-    wchar_t* text = GetBuffer(length);
-    Head()->length = length;
-    text[length] = 0;
-    return text;
+    if (text == nullptr || length <= 0)
+        return Empty();
+    const Header& head = *Head();
+    if ((head.references == 1 && head.capacity >= length) || head.references < 0) {
+        const bool isPart = text >= m_text && text <= m_text + head.length;
+        const ptrdiff_t offset = text - m_text;
+        wchar_t* target = Writable(length);
+        std::wmemmove(target, isPart ? target + offset : text, size_t(length));
+    } else {
+        wchar_t* fresh = Allocate(length);
+        std::wmemcpy(fresh, text, size_t(length));
+        Release();
+        m_text = fresh;
+    }
+    SetLength(length);
 }
 
-void CString::ReleaseBuffer(int length)
+void CString::Append(const wchar_t* text, int length)
 {
-    if (Head()->references < 0)
+    if (text == nullptr || length <= 0)
         return;
-    if (length < 0)
-        length = int(wcsnlen(m_text, size_t(Head()->capacity)));
-    Head()->length = std::min(length, int(Head()->capacity));
-    m_text[Head()->length] = 0;
+    const int oldLength = GetLength();
+    const bool isPart = text >= m_text && text <= m_text + oldLength;
+    const ptrdiff_t offset = text - m_text;
+    if (oldLength > INT_MAX - length)
+        throw std::bad_alloc();
+    wchar_t* target = Writable(oldLength + length);
+    std::wmemmove(target + oldLength, isPart ? target + offset : text, size_t(length));
+    SetLength(oldLength + length);
 }
 
-void CString::SetAt(int index, wchar_t character)
+CString& CString::operator+=(const CString& text)
 {
-    GetBuffer()[index] = character;
-}
-
-void CString::AppendText(const wchar_t* text, int length)
-{
-    if (length <= 0 || text == nullptr)
-        return;
-    const int old = GetLength();
-    const std::ptrdiff_t within = text >= m_text && text <= m_text + old ? text - m_text : -1;
-    if (Head()->references != 1 || Head()->capacity < old + length)
-        GetBuffer(old + length + old / 2);
-    const wchar_t* from = within >= 0 ? m_text + within : text;
-    std::memmove(m_text + old, from, size_t(length) * sizeof(wchar_t));
-    m_text[old + length] = 0;
-    Head()->length = old + length;
-}
-
-CString& CString::operator+=(const CString& other)
-{
-    AppendText(other.m_text, other.GetLength());
+    if (IsEmpty() && Head()->references >= 0)
+        return *this = text;
+    Append(text.m_text, text.GetLength());
     return *this;
 }
 
 CString& CString::operator+=(const wchar_t* text)
 {
-    AppendText(text, text == nullptr ? 0 : int(std::wcslen(text)));
+    Append(text);
     return *this;
 }
 
 CString& CString::operator+=(wchar_t character)
 {
-    AppendText(&character, 1);
+    AppendChar(character);
     return *this;
 }
 
-bool operator==(const CString& a, const CString& b)
+void CString::SetAt(int index, wchar_t character)
 {
-    return a.GetString() == b.GetString() ||
-           (a.GetLength() == b.GetLength() &&
-            std::wmemcmp(a.GetString(), b.GetString(), size_t(a.GetLength())) == 0);
+    if (index >= 0 && index < GetLength())
+        GetBuffer()[index] = character;
 }
 
-int CString::Compare(const wchar_t* other) const
+wchar_t* CString::GetBuffer(int minimumLength)
 {
-    const int order = std::wcscmp(m_text, other == nullptr ? L"" : other);
-    return order < 0 ? -1 : order > 0 ? 1 : 0;
+    return Writable(std::max(minimumLength, GetLength()));
 }
 
-int CString::CompareNoCase(const wchar_t* other) const
+wchar_t* CString::GetBufferSetLength(int length)
 {
-    const int order = KxPlat::CompareNoCase({m_text, size_t(GetLength())}, other == nullptr ? L"" : other);
-    return order < 0 ? -1 : order > 0 ? 1 : 0;
+    const int oldLength = GetLength();
+    wchar_t* text = Writable(std::max(length, 0));
+    if (length > oldLength)
+        std::wmemset(text + oldLength, L'\0', size_t(length - oldLength));
+    SetLength(std::max(length, 0));
+    return text;
 }
 
-// --- parts ---
-
-CString CString::Mid(int first) const
+void CString::ReleaseBuffer(int newLength)
 {
-    return Mid(first, GetLength());
+    if (Head()->references == 0)
+        return;
+    const int capacity = GetAllocLength();
+    if (newLength < 0) {
+        const wchar_t* end = std::wmemchr(m_text, L'\0', size_t(capacity) + 1);
+        newLength = end == nullptr ? capacity : int(end - m_text);
+    }
+    if (newLength == 0)
+        return Empty();
+    SetLength(std::min(newLength, capacity));
 }
+
+wchar_t* CString::LockBuffer()
+{
+    wchar_t* text = Writable(GetLength());
+    Head()->references = -1;
+    return text;
+}
+
+void CString::UnlockBuffer()
+{
+    if (Head()->references < 0)
+        Head()->references = 1;
+}
+
+void CString::FreeExtra()
+{
+    if (Head()->references == 1 && GetAllocLength() > GetLength()) {
+        wchar_t* text = Copied();
+        Release();
+        m_text = text;
+    }
+}
+
+void CString::Truncate(int length)
+{
+    if (length <= 0)
+        Empty();
+    else if (length < GetLength()) {
+        GetBuffer();
+        SetLength(length);
+    }
+}
+
+// --- parts ------------------------------------------------------------------------------------------------------
 
 CString CString::Mid(int first, int count) const
 {
-    first = std::clamp(first, 0, GetLength());
-    count = std::clamp(count, 0, GetLength() - first);
-    return first == 0 && count == GetLength() ? *this : CString(m_text + first, count);
-}
-
-CString CString::Left(int count) const
-{
-    return Mid(0, count);
+    const int length = GetLength();
+    first = std::clamp(first, 0, length);
+    count = std::clamp(count, 0, length - first);
+    return count == length ? *this : CString(m_text + first, count);
 }
 
 CString CString::Right(int count) const
 {
-    return Mid(GetLength() - std::clamp(count, 0, GetLength()));
+    count = std::clamp(count, 0, GetLength());
+    return Mid(GetLength() - count, count);
 }
 
 CString CString::SpanIncluding(const wchar_t* characters) const
@@ -232,189 +296,23 @@ CString CString::SpanExcluding(const wchar_t* characters) const
     return Left(int(std::wcscspn(m_text, characters)));
 }
 
-// --- changes ---
-
-CString& CString::MakeUpper()
+CString CString::Tokenize(const wchar_t* separators, int& start) const
 {
-    wchar_t* text = GetBuffer();
-    for (int i = 0; i < GetLength(); ++i)
-        text[i] = KxPlat::Upper(text[i]);
-    return *this;
-}
-
-CString& CString::MakeLower()
-{
-    wchar_t* text = GetBuffer();
-    for (int i = 0; i < GetLength(); ++i)
-        text[i] = KxPlat::Lower(text[i]);
-    return *this;
-}
-
-CString& CString::MakeReverse()
-{
-    wchar_t* text = GetBuffer();
-    std::reverse(text, text + GetLength());
-    return *this;
-}
-
-template <class Accept>
-CString& CString::TrimEnds(bool left, bool right, Accept&& accept)
-{
-    int first = 0, last = GetLength();
-    while (left && first < last && accept(m_text[first]))
-        ++first;
-    while (right && first < last && accept(m_text[last - 1]))
-        --last;
-    if (first > 0 || last < GetLength())
-        SetText(m_text + first, last - first);
-    return *this;
-}
-
-namespace {
-
-auto IsOneOf(const wchar_t* characters)
-{
-    return [characters](wchar_t c) { return std::wcschr(characters, c) != nullptr; };
-}
-
-auto Is(wchar_t character)
-{
-    return [character](wchar_t c) { return c == character; };
-}
-
-bool IsBlank(wchar_t character)
-{
-    return KxPlat::IsSpace(character);
-}
-
-}   // namespace
-
-CString& CString::Trim()
-{
-    return TrimEnds(true, true, IsBlank);
-}
-
-CString& CString::Trim(wchar_t character)
-{
-    return TrimEnds(true, true, Is(character));
-}
-
-CString& CString::Trim(const wchar_t* characters)
-{
-    return TrimEnds(true, true, IsOneOf(characters));
-}
-
-CString& CString::TrimLeft()
-{
-    return TrimEnds(true, false, IsBlank);
-}
-
-CString& CString::TrimLeft(wchar_t character)
-{
-    return TrimEnds(true, false, Is(character));
-}
-
-CString& CString::TrimLeft(const wchar_t* characters)
-{
-    return TrimEnds(true, false, IsOneOf(characters));
-}
-
-CString& CString::TrimRight()
-{
-    return TrimEnds(false, true, IsBlank);
-}
-
-CString& CString::TrimRight(wchar_t character)
-{
-    return TrimEnds(false, true, Is(character));
-}
-
-CString& CString::TrimRight(const wchar_t* characters)
-{
-    return TrimEnds(false, true, IsOneOf(characters));
-}
-
-int CString::Replace(wchar_t from, wchar_t to)
-{
-    int count = 0;
-    for (int i = 0; i < GetLength() && from != to; ++i)
-        if (m_text[i] == from) {
-            GetBuffer()[i] = to;
-            ++count;
+    if (start >= 0 && start < GetLength()) {
+        if (separators == nullptr || *separators == L'\0') {
+            const CString rest = Mid(start);
+            start = GetLength();
+            return rest;
         }
-    return count;
-}
-
-int CString::Replace(const wchar_t* from, const wchar_t* to)
-{
-    const int length = from == nullptr ? 0 : int(std::wcslen(from));
-    if (length == 0)
-        return 0;
-    CString result;
-    int count = 0, done = 0;
-    for (int found = Find(from); found >= 0; found = Find(from, done)) {
-        result.AppendText(m_text + done, found - done);
-        result += to;
-        done = found + length;
-        ++count;
+        const int first = start + int(std::wcsspn(m_text + start, separators));
+        if (first < GetLength()) {
+            const int count = int(std::wcscspn(m_text + first, separators));
+            start = first + count + 1;
+            return Mid(first, count);
+        }
     }
-    if (count > 0) {
-        result.AppendText(m_text + done, GetLength() - done);
-        *this = std::move(result);
-    }
-    return count;
-}
-
-int CString::Remove(wchar_t character)
-{
-    const int old = GetLength();
-    wchar_t* text = GetBuffer();
-    ReleaseBuffer(int(std::remove(text, text + old, character) - text));
-    return old - GetLength();
-}
-
-int CString::Insert(int index, wchar_t character)
-{
-    const wchar_t text[] = {character, 0};
-    return Insert(index, text);
-}
-
-int CString::Insert(int index, const wchar_t* text)
-{
-    const int at = std::clamp(index, 0, GetLength());
-    CString result(m_text, at);
-    result += text;
-    result.AppendText(m_text + at, GetLength() - at);
-    *this = std::move(result);
-    return GetLength();
-}
-
-int CString::Delete(int index, int count)
-{
-    const int first = std::clamp(index, 0, GetLength());
-    const int last = first + std::clamp(count, 0, GetLength() - first);
-    if (last > first) {
-        CString result(m_text, first);
-        result.AppendText(m_text + last, GetLength() - last);
-        *this = std::move(result);
-    }
-    return GetLength();
-}
-
-void CString::Truncate(int length)
-{
-    if (length < GetLength())
-        SetText(m_text, length);
-}
-
-// --- searches ---
-
-int CString::Find(wchar_t character, int start) const
-{
-    if (start < 0 || start >= GetLength())
-        return -1;
-    const wchar_t* found = std::wmemchr(m_text + start, character, size_t(GetLength() - start));
-    return found == nullptr ? -1 : int(found - m_text);
+    start = -1;
+    return CString();
 }
 
 int CString::Find(const wchar_t* text, int start) const
@@ -425,43 +323,180 @@ int CString::Find(const wchar_t* text, int start) const
     return found == nullptr ? -1 : int(found - m_text);
 }
 
+int CString::Find(wchar_t character, int start) const
+{
+    if (start < 0 || start >= GetLength())
+        return -1;
+    const wchar_t* found = std::wcschr(m_text + start, character);
+    return found == nullptr ? -1 : int(found - m_text);
+}
+
+int CString::ReverseFind(wchar_t character) const
+{
+    const wchar_t* found = std::wcsrchr(m_text, character);
+    return found == nullptr ? -1 : int(found - m_text);
+}
+
 int CString::FindOneOf(const wchar_t* characters) const
 {
     const wchar_t* found = std::wcspbrk(m_text, characters);
     return found == nullptr ? -1 : int(found - m_text);
 }
 
-int CString::ReverseFind(wchar_t character) const
+int CString::CompareNoCase(const wchar_t* text) const
 {
-    for (int i = GetLength(); i-- > 0;)
-        if (m_text[i] == character)
-            return i;
-    return -1;
+    return KxPlat::CompareNoCase({m_text, size_t(GetLength())}, {text, std::wcslen(text)});
 }
 
-CString CString::Tokenize(const wchar_t* delimiters, int& start) const
+// --- changes ----------------------------------------------------------------------------------------------------
+
+int CString::Replace(const wchar_t* oldText, const wchar_t* newText)
 {
-    if (start < 0)
-        return CString();
-    if (start < GetLength()) {
-        const wchar_t* place = m_text + start;
-        place += std::wcsspn(place, delimiters);
-        const int length = int(std::wcscspn(place, delimiters));
-        if (*place != 0) {
-            start = int(place - m_text) + length + 1;
-            return CString(place, length);
+    const int oldLength = LengthOf(oldText);
+    if (oldLength == 0 || Find(oldText) < 0)
+        return 0;
+    const CString with(newText);
+    const CString pattern(oldText);
+    CString result;
+    int count = 0;
+    int from = 0;
+    for (int at; (at = Find(pattern, from)) >= 0; from = at + oldLength, ++count) {
+        result.Append(m_text + from, at - from);
+        result.Append(with, with.GetLength());
+    }
+    result.Append(m_text + from, GetLength() - from);
+    SetString(result.m_text, result.GetLength());
+    return count;
+}
+
+int CString::Replace(wchar_t oldCharacter, wchar_t newCharacter)
+{
+    if (oldCharacter == newCharacter || Find(oldCharacter) < 0)
+        return 0;
+    int count = 0;
+    wchar_t* text = GetBuffer();
+    for (int i = 0; i < GetLength(); ++i) {
+        if (text[i] == oldCharacter) {
+            text[i] = newCharacter;
+            ++count;
         }
     }
-    start = -1;
-    return CString();
+    return count;
 }
 
-// --- formats ---
-
-void CString::FormatV(const wchar_t* format, va_list arguments)
+int CString::Remove(wchar_t character)
 {
-    *this = CString(KxPlat::FormatV(format, arguments));
+    if (Find(character) < 0)
+        return 0;
+    wchar_t* text = GetBuffer();
+    const int oldLength = GetLength();
+    wchar_t* end = std::remove(text, text + oldLength, character);
+    const int length = int(end - text);
+    ReleaseBufferSetLength(length);
+    return oldLength - length;
 }
+
+int CString::Insert(int index, const wchar_t* text)
+{
+    const CString inserted(text);
+    index = std::clamp(index, 0, GetLength());
+    CString result = Joined(m_text, index, inserted, inserted.GetLength());
+    result.Append(m_text + index, GetLength() - index);
+    SetString(result.m_text, result.GetLength());
+    return GetLength();
+}
+
+int CString::Insert(int index, wchar_t character)
+{
+    const wchar_t text[] = {character, L'\0'};
+    return Insert(index, text);
+}
+
+int CString::Delete(int index, int count)
+{
+    index = std::max(index, 0);
+    const int oldLength = GetLength();
+    if (count <= 0 || index >= oldLength)
+        return oldLength;
+    count = std::min(count, oldLength - index);
+    wchar_t* text = GetBuffer();
+    std::wmemmove(text + index, text + index + count, size_t(oldLength - index - count));
+    ReleaseBufferSetLength(oldLength - count);
+    return GetLength();
+}
+
+CString& CString::MakeUpper()
+{
+    wchar_t* text = IsEmpty() ? Nil() : GetBuffer();
+    for (int i = 0; i < GetLength(); ++i)
+        text[i] = KxPlat::Upper(text[i]);
+    return *this;
+}
+
+CString& CString::MakeLower()
+{
+    wchar_t* text = IsEmpty() ? Nil() : GetBuffer();
+    for (int i = 0; i < GetLength(); ++i)
+        text[i] = KxPlat::Lower(text[i]);
+    return *this;
+}
+
+CString& CString::MakeReverse()
+{
+    if (GetLength() > 1)
+        std::reverse(GetBuffer(), m_text + GetLength());
+    return *this;
+}
+
+CString& CString::TrimLeft()
+{
+    int count = 0;
+    while (KxPlat::IsSpace(m_text[count]))
+        ++count;
+    Delete(0, count);
+    return *this;
+}
+
+CString& CString::TrimLeft(wchar_t character)
+{
+    const wchar_t characters[] = {character, L'\0'};
+    return TrimLeft(characters);
+}
+
+CString& CString::TrimLeft(const wchar_t* characters)
+{
+    if (characters != nullptr && *characters != L'\0')
+        Delete(0, int(std::wcsspn(m_text, characters)));
+    return *this;
+}
+
+CString& CString::TrimRight()
+{
+    int length = GetLength();
+    while (length > 0 && KxPlat::IsSpace(m_text[length - 1]))
+        --length;
+    Truncate(length);
+    return *this;
+}
+
+CString& CString::TrimRight(wchar_t character)
+{
+    const wchar_t characters[] = {character, L'\0'};
+    return TrimRight(characters);
+}
+
+CString& CString::TrimRight(const wchar_t* characters)
+{
+    if (characters == nullptr || *characters == L'\0')
+        return *this;
+    int length = GetLength();
+    while (length > 0 && std::wcschr(characters, m_text[length - 1]) != nullptr)
+        --length;
+    Truncate(length);
+    return *this;
+}
+
+// --- formatting -------------------------------------------------------------------------------------------------
 
 void CString::Format(const wchar_t* format, ...)
 {
@@ -471,9 +506,10 @@ void CString::Format(const wchar_t* format, ...)
     va_end(arguments);
 }
 
-void CString::AppendFormatV(const wchar_t* format, va_list arguments)
+void CString::FormatV(const wchar_t* format, va_list arguments)
 {
-    *this += CString(KxPlat::FormatV(format, arguments));
+    const std::wstring text = KxPlat::FormatV(format, arguments);
+    SetString(text.data(), int(text.size()));
 }
 
 void CString::AppendFormat(const wchar_t* format, ...)
@@ -482,4 +518,53 @@ void CString::AppendFormat(const wchar_t* format, ...)
     va_start(arguments, format);
     AppendFormatV(format, arguments);
     va_end(arguments);
+}
+
+void CString::AppendFormatV(const wchar_t* format, va_list arguments)
+{
+    const std::wstring text = KxPlat::FormatV(format, arguments);
+    Append(text.data(), int(text.size()));
+}
+
+CString operator+(const CString& a, const CString& b)
+{
+    return Joined(a, a.GetLength(), b, b.GetLength());
+}
+
+CString operator+(const CString& a, const wchar_t* b)
+{
+    return Joined(a, a.GetLength(), b, LengthOf(b));
+}
+
+CString operator+(const wchar_t* a, const CString& b)
+{
+    return Joined(a, LengthOf(a), b, b.GetLength());
+}
+
+CString operator+(const CString& a, wchar_t b)
+{
+    return Joined(a, a.GetLength(), &b, 1);
+}
+
+CString operator+(wchar_t a, const CString& b)
+{
+    return Joined(&a, 1, b, b.GetLength());
+}
+
+BOOL AfxExtractSubString(CString& field, const wchar_t* text, int index, wchar_t separator)
+{
+    const CString source(text);   // `text` may be `field` itself
+    field.Empty();
+    if (text == nullptr)
+        return FALSE;
+    const wchar_t* start = source;
+    for (; index > 0; --index) {
+        start = std::wcschr(start, separator);
+        if (start == nullptr)
+            return FALSE;
+        ++start;
+    }
+    const wchar_t* end = std::wcschr(start, separator);
+    field.SetString(start, end == nullptr ? LengthOf(start) : int(end - start));
+    return TRUE;
 }

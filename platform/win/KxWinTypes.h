@@ -1,6 +1,7 @@
 // The Windows types, constants and macros that modules use, with their documented names and values.
 // LONG, DWORD and UINT have 32 bits as on Windows; wchar_t and the C++ `long` follow this system.
 #pragma once
+#include <cstddef>
 #include <cstdint>
 
 // clang-format off
