@@ -200,7 +200,7 @@ Acad::ErrorStatus AcDbDatabase::readDwgFile(const ACHAR* fileName, int, bool, co
         return Acad::eInvalidFileExtension;
     ReadReport& report = LastReadReport();
     report = ReadReport();
-    if (!FileExists(fileName)) {
+    if (!FileInfoOf(HostPath(fileName)).exists) {
         report.error = L"no such file";
         return Acad::eFileNotFound;
     }

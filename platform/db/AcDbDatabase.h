@@ -1,5 +1,6 @@
 // One drawing: its tables, dictionaries, objects and header variables.
 #pragma once
+#include "../ge/AcGePoint3d.h"
 #include "../rx/acadstrc.h"
 #include "AcCmColor.h"
 #include "AcDb.h"

@@ -14,7 +14,7 @@ Acad::ErrorStatus AcDbHostApplicationServices::findFile(ACHAR* found, int length
 {
     if (found == nullptr || name == nullptr || int(std::wcslen(name)) >= length)
         return Acad::eInvalidInput;
-    if (!KxPlat::FileExists(name))
+    if (!KxPlat::FileInfoOf(KxPlat::HostPath(name)).exists)
         return Acad::eFileNotFound;
     std::wcscpy(found, name);
     return Acad::eOk;

@@ -6,6 +6,7 @@
 #include "../rx/AcArray.h"
 #include "../rx/AcRxObject.h"
 #include "../rx/acadstrc.h"
+#include "../rx/acutads.h"
 #include "../rx/adsdef.h"
 #include "AcDb.h"
 #include "AcDbObjectId.h"
