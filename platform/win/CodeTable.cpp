@@ -86,6 +86,7 @@ std::unique_ptr<CodeTable> MakeTable(unsigned codePage)
         return nullptr;
     if (codePage == 936) {
         table->single[0x80] = 0x20AC;
+        table->single[0xFF] = 0xF8F5;
         AddPrivateAreas(*table);
     }
     if (table->pairs.empty())

@@ -1,0 +1,17 @@
+// Time, folders and debugger output.
+#pragma once
+#include "KxWinTypes.h"
+
+extern "C" {
+void Sleep(DWORD milliseconds);
+DWORD GetTickCount();
+// The folder for temporary files, ending in a backslash. Answers its length, or the size needed when `size` is too
+// small.
+DWORD GetTempPathW(DWORD size, LPWSTR buffer);
+BOOL SetCurrentDirectoryW(LPCWSTR path);
+DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer);
+DWORD GetFileAttributesW(LPCWSTR file);
+BOOL DeleteFileW(LPCWSTR file);
+// Goes to standard error; KX_DEBUG_OUTPUT names a local datagram socket to send to instead, "none" drops it.
+void OutputDebugStringW(LPCWSTR text);
+}

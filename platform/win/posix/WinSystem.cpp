@@ -1,0 +1,101 @@
+#include "../WinSystem.h"
+#include "../CodePage.h"
+#include "../Files.h"
+#include "../WinAnswer.h"
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+void SendToSocket(const std::string& name, const std::string& text)
+{
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    if (name.size() >= sizeof address.sun_path)
+        return;
+    std::memcpy(address.sun_path, name.c_str(), name.size());
+    const int file = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    if (file < 0)
+        return;
+    // A viewer that does not read must not hold up the program: what it cannot take is lost.
+    sendto(file, text.data(), text.size(), MSG_DONTWAIT | MSG_NOSIGNAL, reinterpret_cast<sockaddr*>(&address),
+           sizeof address);
+    close(file);
+}
+
+}   // namespace
+
+void Sleep(DWORD milliseconds)
+{
+    timespec left = {static_cast<time_t>(milliseconds / 1000), static_cast<long>(milliseconds % 1000) * 1000000};
+    while (nanosleep(&left, &left) != 0 && errno == EINTR) {
+    }
+}
+
+DWORD GetTickCount()
+{
+    timespec now = {};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<DWORD>(now.tv_sec * 1000 + now.tv_nsec / 1000000);
+}
+
+DWORD GetTempPathW(DWORD size, LPWSTR buffer)
+{
+    std::wstring path = KxPlat::DrivePath(KxPlat::TempFolder());
+    if (path.back() != L'\\')
+        path += L'\\';
+    return KxPlat::AnswerText(path.c_str(), path.size(), buffer, size);
+}
+
+BOOL SetCurrentDirectoryW(LPCWSTR path)
+{
+    if (path == nullptr || path[0] == 0)
+        return KxPlat::FailWith(ERROR_INVALID_NAME);
+    const int error = KxPlat::ChangeFolder(KxPlat::HostPath(path));
+    return error == 0 ? TRUE : KxPlat::FailWith(error == ENOTDIR ? DWORD(ERROR_DIRECTORY) : KxPlat::WinErrorOf(error));
+}
+
+DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer)
+{
+    const std::wstring path = KxPlat::DrivePath(KxPlat::CurrentFolder());
+    return KxPlat::AnswerText(path.c_str(), path.size(), buffer, size);
+}
+
+DWORD GetFileAttributesW(LPCWSTR file)
+{
+    const KxPlat::FileInfo info = KxPlat::FileInfoOf(KxPlat::HostPath(file != nullptr ? file : L""));
+    if (!info.exists) {
+        SetLastError(ERROR_FILE_NOT_FOUND);
+        return INVALID_FILE_ATTRIBUTES;
+    }
+    if (info.isFolder)
+        return FILE_ATTRIBUTE_DIRECTORY;
+    return FILE_ATTRIBUTE_ARCHIVE | (info.writable ? 0 : FILE_ATTRIBUTE_READONLY);
+}
+
+BOOL DeleteFileW(LPCWSTR file)
+{
+    const std::string path = KxPlat::HostPath(file != nullptr ? file : L"");
+    const int error = KxPlat::RemoveFile(path);
+    return error == 0 ? TRUE : KxPlat::FailWith(KxPlat::WinErrorOf(error));
+}
+
+void OutputDebugStringW(LPCWSTR text)
+{
+    const std::string bytes = KxPlat::ToUtf8(text != nullptr ? text : L"");
+    const char* wanted = std::getenv("KX_DEBUG_OUTPUT");
+    const std::string target = wanted != nullptr ? wanted : "";
+    if (target == "none")
+        return;
+    if (target.empty())
+        std::fwrite(bytes.data(), 1, bytes.size(), stderr);
+    else
+        SendToSocket(target, bytes);
+}
