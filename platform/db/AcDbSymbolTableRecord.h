@@ -14,6 +14,8 @@ public:
     bool isDependent() const { return (m_flags & 16) != 0; }
     bool isResolved() const { return (m_flags & 32) != 0; }
     bool isRenamable() const;
+    // False for what every drawing keeps, such as layer 0.
+    bool isPurgeable() const { return isErasable(); }
 
     const CString& nameText() const { return m_name; }
     // For readers of files, before the record joins its table: takes any name.

@@ -5,6 +5,8 @@
 
 namespace KxPlat {
 
+struct Field;
+
 // What solids and traces have in common.
 class FilledCorners : public AcDbEntity {
 public:
@@ -23,10 +25,11 @@ public:
 protected:
     FilledCorners() = default;
     FilledCorners(const AcGePoint3d& p0, const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3);
-    static const ClassSchema& SchemaFor(const char* dxfName);
+    static std::vector<Field> FieldList();
 
 private:
-    AcGePoint3d m_corners[4];
+    static AcGePoint3d FilledCorners::*const kCorners[4];
+    AcGePoint3d m_p0, m_p1, m_p2, m_p3;
     AcGeVector3d m_normal{0, 0, 1};
     double m_thickness = 0;
 
