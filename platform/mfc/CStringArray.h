@@ -1,0 +1,19 @@
+// An array of texts, the list of names that most functions take.
+#pragma once
+#include "CArray.h"
+#include "CString.h"
+
+class CStringArray : public CArray<CString, const wchar_t*> {
+public:
+    using CArray::Add;
+    using CArray::SetAt;
+    // Shares the text instead of copying it.
+    INT_PTR Add(const CString& text)
+    {
+        const INT_PTR index = GetSize();
+        SetSize(index + 1);
+        ElementAt(index) = text;
+        return index;
+    }
+    void SetAt(INT_PTR index, const CString& text) { ElementAt(index) = text; }
+};
