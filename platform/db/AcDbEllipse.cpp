@@ -42,9 +42,8 @@ Acad::ErrorStatus AcDbEllipse::get(AcGePoint3d& center, AcGeVector3d& normal, Ac
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbEllipse::set(const AcGePoint3d& center, const AcGeVector3d& normal,
-                                   const AcGeVector3d& majorAxis, double radiusRatio, double startAngle,
-                                   double endAngle)
+Acad::ErrorStatus AcDbEllipse::set(const AcGePoint3d& center, const AcGeVector3d& normal, const AcGeVector3d& majorAxis,
+                                   double radiusRatio, double startAngle, double endAngle)
 {
     if (normal.isZeroLength() || majorAxis.isZeroLength() || !(radiusRatio >= 1e-6 && radiusRatio <= 1))
         return Acad::eDegenerateGeometry;

@@ -7,7 +7,7 @@ using namespace KxPlat;
 ACRX_DXF_DEFINE_MEMBERS(AcDbFace, AcDbEntity, 0, 0, 0, 3DFACE, AcDb)
 
 AcGePoint3d AcDbFace::*const AcDbFace::kCorners[4] = {&AcDbFace::m_p0, &AcDbFace::m_p1, &AcDbFace::m_p2,
-                                                       &AcDbFace::m_p3};
+                                                      &AcDbFace::m_p3};
 
 const ClassSchema& AcDbFace::fieldSchema()
 {

@@ -9,8 +9,8 @@ public:
     AcDbFace() = default;
     AcDbFace(const AcGePoint3d& p0, const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3,
              bool e0vis = true, bool e1vis = true, bool e2vis = true, bool e3vis = true);
-    AcDbFace(const AcGePoint3d& p0, const AcGePoint3d& p1, const AcGePoint3d& p2, bool e0vis = true,
-             bool e1vis = true, bool e2vis = true, bool e3vis = true)
+    AcDbFace(const AcGePoint3d& p0, const AcGePoint3d& p1, const AcGePoint3d& p2, bool e0vis = true, bool e1vis = true,
+             bool e2vis = true, bool e3vis = true)
         : AcDbFace(p0, p1, p2, p2, e0vis, e1vis, e2vis, e3vis)
     {
     }

@@ -329,8 +329,8 @@ Acad::ErrorStatus AcDbPolyline::getGeomExtents(AcDbExtents& extents) const
         const double end = arc.isClockWise() ? arc.startAng() : arc.endAng();
         AcGeCircArc3d curve(World(arc.center()), m_normal, m_normal.perpVector(), arc.radius(), start, end);
         AddArc(extents, curve);
-        AddArc(extents, AcGeCircArc3d(curve.center() + m_normal * m_thickness, m_normal, curve.refVec(),
-                                      curve.radius(), start, end));
+        AddArc(extents, AcGeCircArc3d(curve.center() + m_normal * m_thickness, m_normal, curve.refVec(), curve.radius(),
+                                      start, end));
     }
     return m_points.empty() ? Acad::eInvalidExtents : Acad::eOk;
 }

@@ -11,22 +11,18 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbTrace, AcDbEntity, 0, 0, 0, TRACE, AcDb)
 namespace KxPlat {
 
 AcGePoint3d FilledCorners::*const FilledCorners::kCorners[4] = {&FilledCorners::m_p0, &FilledCorners::m_p1,
-                                                                 &FilledCorners::m_p2, &FilledCorners::m_p3};
+                                                                &FilledCorners::m_p2, &FilledCorners::m_p3};
 
 std::vector<Field> FilledCorners::FieldList()
 {
     return {
-        Point3(10, &FilledCorners::m_p0).always(),
-        Point3(11, &FilledCorners::m_p1).always(),
-        Point3(12, &FilledCorners::m_p2).always(),
-        Point3(13, &FilledCorners::m_p3).always(),
-        Real(39, &FilledCorners::m_thickness),
-        Vector3(210, &FilledCorners::m_normal),
+        Point3(10, &FilledCorners::m_p0).always(), Point3(11, &FilledCorners::m_p1).always(),
+        Point3(12, &FilledCorners::m_p2).always(), Point3(13, &FilledCorners::m_p3).always(),
+        Real(39, &FilledCorners::m_thickness),     Vector3(210, &FilledCorners::m_normal),
     };
 }
 
-FilledCorners::FilledCorners(const AcGePoint3d& p0, const AcGePoint3d& p1, const AcGePoint3d& p2,
-                             const AcGePoint3d& p3)
+FilledCorners::FilledCorners(const AcGePoint3d& p0, const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3)
     : m_p0(p0), m_p1(p1), m_p2(p2), m_p3(p3)
 {
 }

@@ -32,7 +32,6 @@ private:
     AcGePoint3d m_p0, m_p1, m_p2, m_p3;
     AcGeVector3d m_normal{0, 0, 1};
     double m_thickness = 0;
-
 };
 
 }   // namespace KxPlat

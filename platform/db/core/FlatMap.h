@@ -13,8 +13,8 @@ public:
     AcGeVector3d normal() const { return m_normal; }
     AcGePoint3d Point(const AcGePoint3d& point) const { return m_map * point; }
     AcGeVector3d Vector(const AcGeVector3d& vector) const { return m_map * vector; }
-    double Degrees(double degrees) const;          // of a direction in the plane
-    double Scale() const { return m_scale; }       // along the plane's X axis
+    double Degrees(double degrees) const;      // of a direction in the plane
+    double Scale() const { return m_scale; }   // along the plane's X axis
     double Thickness(double thickness) const { return thickness * m_depth; }
     // Left turns become right turns.
     bool isMirrored() const { return m_isMirrored; }
