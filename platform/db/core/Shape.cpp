@@ -75,23 +75,24 @@ uint32_t ShapeTable::SlowStep(const ClassSchema& schema, uint32_t node, int code
         }
     }
     ShapeNode wanted = Resolve(schema, node, code, text);
-    if (wanted.op == from.op && IsRun(wanted.op))
+    if (wanted.op == from.op && wanted.isForeign == from.isForeign && IsRun(wanted.op))
         return node;
     if (from.depth >= kMostSteps) {
         if (from.op == Op::Other)
             return node;
         wanted = ShapeNode();
+        wanted.isForeign = m_nodes[node].isForeign;
         wanted.code = int16_t(code);
         wanted.op = Op::Other;
         wanted.section = from.section;
     }
     if (wanted.op == Op::Other)
         for (uint32_t child = from.firstChild; child != 0; child = m_nodes[child].nextSibling)
-            if (m_nodes[child].op == Op::Other)
+            if (m_nodes[child].op == Op::Other && m_nodes[child].isForeign == wanted.isForeign)
                 return child;
     wanted.parent = node;
     wanted.depth = uint16_t(from.depth + 1);
-    wanted.isMarked = from.isMarked || wanted.op == Op::Marker;
+    wanted.isMarked = from.isMarked || wanted.op == Op::Marker || wanted.isForeign;
     wanted.nextSibling = from.firstChild;
     const uint32_t added = uint32_t(m_nodes.size());
     m_nodes.push_back(wanted);
@@ -152,6 +153,7 @@ ShapeNode ShapeTable::Resolve(const ClassSchema& schema, uint32_t node, int code
     wanted.code = int16_t(code);
     wanted.section = from.section;
     wanted.op = Op::Other;
+    wanted.isForeign = from.isForeign;
 
     // A list that takes all of its section leaves only the single members before it, straight behind the marker.
     const std::vector<Field>& fields = schema.sections()[from.section].fields;
@@ -172,8 +174,11 @@ ShapeNode ShapeTable::Resolve(const ClassSchema& schema, uint32_t node, int code
         ShapeNode marker = wanted;
         marker.op = Op::Marker;
         marker.section = uint8_t(section);
-        if (section <= 0 || IsTaken(node, marker))
+        marker.isForeign = false;
+        if (section <= 0 || IsTaken(node, marker)) {
+            wanted.isForeign = section <= 0;
             return wanted;
+        }
         marker.text = TextIndex(text);
         return marker;
     }
@@ -199,6 +204,8 @@ ShapeNode ShapeTable::Resolve(const ClassSchema& schema, uint32_t node, int code
             wanted.op = Op::Dictionary;
         return wanted;
     }
+    if (from.isForeign)
+        return wanted;
     if (from.section == 0 || !from.isMarked) {
         wanted.section = 0;
         wanted.op = code == schema.handleCode() ? Op::Handle : code == 330 ? Op::Owner : Op::Other;

@@ -48,6 +48,7 @@ struct ShapeNode {
     uint32_t text = 0;         // of a marker or brace: index into the table of texts
     uint16_t depth = 0;
     bool isMarked = false;     // a subclass marker came before: groups belong to the section of the last one
+    bool isForeign = false;    // ... which is one that the class does not have: its groups belong to no field
 };
 
 class ShapeTable {

@@ -1,0 +1,239 @@
+// What all sections of one file share while it is read: the walk over its groups, the objects that it makes, and what
+// must wait until the last handle of the file is known.
+#pragma once
+#include "../db/AcDbEntity.h"
+#include "../db/core/ObjectReader.h"
+#include "../db/AcDbProxyEntity.h"
+#include "../db/AcDbProxyObject.h"
+#include "../rx/AcRxClass.h"
+#include "../win/MappedFile.h"
+#include "DxfClasses.h"
+#include "DxfSource.h"
+
+namespace KxPlat {
+
+template <class Tags>
+class DxfInput {
+public:
+    DxfInput(DbCore& core, MappedFile& file, Tags tags, const TextCodec& codec)
+        : core(core), tags(std::move(tags)), codec(codec), source(this->tags, this->codec), m_reader(core), m_file(file)
+    {
+    }
+    DxfInput(const DxfInput&) = delete;
+
+    DbCore& core;
+    Tags tags;
+    TextCodec codec;
+    DxfSource<Tags> source;
+    DxfClasses classes;
+
+    bool IsRecord(std::string_view type) { return tags.code() == 0 && tags.Text() == type; }
+    // At ENDSEC, or at what can only stand behind it.
+    bool IsEndOfSection()
+    {
+        return tags.code() == 0 && (tags.Text() == "ENDSEC" || tags.Text() == "SECTION" || tags.Text() == "EOF");
+    }
+    void Mend(const char* what, std::string_view detail = {})
+    {
+        tags.report().Mend(tags.Place(), what, std::string(detail.substr(0, 60)));
+    }
+    // The file has ended where it must not.
+    bool Ended()
+    {
+        tags.report().Fail(tags.Place(), tags.isCutOff() ? "the file ends within a group" : "the file ends within a section");
+        return false;
+    }
+
+    // Reads the groups up to the next record into an object; `look` sees each group first. False at the end of the file.
+    template <class Look>
+    bool Read(AcDbObject& object, Look&& look)
+    {
+        m_place = tags.Place();
+        m_reader.Begin(object);
+        bool isMore = false;
+        while ((isMore = tags.Next()) && tags.code() != 0) {
+            look();
+            m_reader.Put(source);
+        }
+        m_reader.End();
+        GiveBack();
+        return isMore;
+    }
+    bool Read(AcDbObject& object)
+    {
+        return Read(object, [] {});
+    }
+    // The groups up to the next record as values.
+    bool Read(GroupList& groups)
+    {
+        bool isMore = false;
+        while ((isMore = tags.Next()) && tags.code() != 0)
+            groups.push_back(source.Value(core));
+        GiveBack();
+        return isMore;
+    }
+    bool Skip()
+    {
+        bool isMore = false;
+        while ((isMore = tags.Next()) && tags.code() != 0) {
+        }
+        return isMore;
+    }
+    // Of the object read last.
+    AcDbStub* owner() const { return m_reader.owner(); }
+    uint64_t handle() const { return m_reader.handle(); }
+
+    // Makes the object read last resident, owned by `owner`. Without a handle of its own, or with one that is taken, it
+    // gets one when all handles of the file are known.
+    AcDbStub* Adopt(AcDbObject* object, AcDbStub* owner);
+    // The same for an object whose stub was there before its handle was read.
+    void Number(AcDbStub* stub);
+    void NumberLater(AcDbStub* stub) { m_unnumbered.push_back(stub); }
+    void NumberAll();
+
+    // The same for a record that the file implies but does not have.
+    AcDbStub* AdoptMade(AcDbObject* object, AcDbStub* owner);
+
+    // A new object for the record that the walk stands at. What no class has the name of becomes a proxy.
+    AcDbEntity* MakeEntity(std::string_view type);
+    AcDbObject* MakeObject(std::string_view type);
+
+private:
+    AcDbObject* Make(std::string_view type);
+    static constexpr size_t kGiveBackStep = size_t(8) << 20;
+    void GiveBack()
+    {
+        if (tags.Offset() - m_givenBack < kGiveBackStep)
+            return;
+        m_givenBack = tags.Offset();
+        m_file.Drop(m_givenBack);
+    }
+    static AcDbStub* Settle(AcDbStub* stub, AcDbObject* object, AcDbStub* owner);
+    RecordSigns Signs() const;
+    void KeepSpellings(const AcDbStub* stub, AcDbStub* owner);
+
+    ObjectReader<DxfSource<Tags>> m_reader;
+    MappedFile& m_file;
+    size_t m_givenBack = 0;
+    DxfPlace m_place;   // of the record read last
+    std::vector<AcDbStub*> m_unnumbered;
+};
+
+template <class Tags>
+AcDbStub* DxfInput<Tags>::Adopt(AcDbObject* object, AcDbStub* owner)
+{
+    const uint64_t handle = m_reader.handle();
+    AcDbStub* stub = handle == 0 ? nullptr : core.handles.Get(handle);
+    if (stub != nullptr && stub->object != nullptr) {
+        tags.report().Mend(m_place, "a handle is used twice");
+        stub = nullptr;
+    }
+    if (stub == nullptr) {
+        stub = core.handles.NewUnnamed();
+        m_unnumbered.push_back(stub);
+    }
+    KeepSpellings(stub, owner);
+    return Settle(stub, object, owner);
+}
+
+template <class Tags>
+AcDbStub* DxfInput<Tags>::AdoptMade(AcDbObject* object, AcDbStub* owner)
+{
+    AcDbStub* stub = core.handles.NewUnnamed();
+    m_unnumbered.push_back(stub);
+    return Settle(stub, object, owner);
+}
+
+template <class Tags>
+AcDbStub* DxfInput<Tags>::Settle(AcDbStub* stub, AcDbObject* object, AcDbStub* owner)
+{
+    stub->object = object;
+    ObjectAccess::Stub(*object) = stub;
+    ObjectAccess::Owner(*object) = owner;
+    ObjectAccess::State(*object) &= ~uint32_t(kNewObject);
+    return stub;
+}
+
+template <class Tags>
+void DxfInput<Tags>::Number(AcDbStub* stub)
+{
+    const uint64_t handle = m_reader.handle();
+    const AcDbStub* taken = handle == 0 ? nullptr : core.handles.Find(handle);
+    if (handle == 0 || stub->handle != 0 || (taken != nullptr && taken->object != nullptr)) {
+        if (stub->handle == 0)
+            m_unnumbered.push_back(stub);
+        return;
+    }
+    core.handles.SetHandle(stub, handle);
+}
+
+template <class Tags>
+void DxfInput<Tags>::NumberAll()
+{
+    for (AcDbStub* stub : m_unnumbered)
+        if (stub->handle == 0 && stub->object != nullptr)
+            core.handles.SetHandle(stub, core.handles.NextHandle());
+    m_unnumbered.clear();
+}
+
+// What the object itself cannot remember of its groups: names in another case, an owner that is not the real one.
+template <class Tags>
+void DxfInput<Tags>::KeepSpellings(const AcDbStub* stub, AcDbStub* owner)
+{
+    for (auto& [code, name] : source.spellings())
+        core.form.spellings.push_back({stub, int16_t(code), std::move(name), nullptr});
+    source.spellings().clear();
+    if (m_reader.owner() != nullptr && m_reader.owner() != owner)
+        core.form.spellings.push_back({stub, 330, CString(), m_reader.owner()});
+}
+
+template <class Tags>
+RecordSigns DxfInput<Tags>::Signs() const
+{
+    RecordSigns signs;
+    Tags ahead = tags;
+    bool hasFlags = false;
+    while (ahead.Next() && ahead.code() != 0) {
+        if (ahead.code() == 100)
+            signs.markers.emplace_back(ahead.Text());
+        else if (ahead.code() == 70 && !hasFlags) {
+            signs.flags = ahead.Integer();
+            hasFlags = true;
+        } else if (ahead.code() == 71)
+            signs.count = ahead.Integer();
+    }
+    return signs;
+}
+
+template <class Tags>
+AcDbObject* DxfInput<Tags>::Make(std::string_view type)
+{
+    const std::vector<AcRxClass*>& candidates = classes.Candidates(type);
+    if (candidates.empty())
+        return nullptr;
+    AcRxClass* aClass = candidates.size() == 1 ? candidates[0] : classes.Choose(type, Signs());
+    return static_cast<AcDbObject*>(aClass->create());
+}
+
+template <class Tags>
+AcDbEntity* DxfInput<Tags>::MakeEntity(std::string_view type)
+{
+    std::unique_ptr<AcDbObject> made(Make(type));
+    if (made != nullptr && made->isKindOf(AcDbEntity::desc()))
+        return static_cast<AcDbEntity*>(made.release());
+    AcDbProxyEntity* proxy = new AcDbProxyEntity;
+    proxy->setDxfName(type);
+    return proxy;
+}
+
+template <class Tags>
+AcDbObject* DxfInput<Tags>::MakeObject(std::string_view type)
+{
+    if (AcDbObject* made = Make(type))
+        return made;
+    AcDbProxyObject* proxy = new AcDbProxyObject;
+    proxy->setDxfName(type);
+    return proxy;
+}
+
+}   // namespace KxPlat
