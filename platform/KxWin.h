@@ -1,5 +1,11 @@
 // Windows and MFC: the part of the host seam that KxMfcEx/ may see.
 #pragma once
+#include "mfc/AfxMessageBox.h"
+#include "mfc/CArray.h"
+#include "mfc/CList.h"
+#include "mfc/CMap.h"
+#include "mfc/CString.h"
+#include "mfc/CStringArray.h"
 #include "win/CrtPaths.h"
 #include "win/CrtText.h"
 #include "win/KxWinTypes.h"
