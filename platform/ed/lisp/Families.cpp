@@ -1,0 +1,14 @@
+#include "Families.h"
+
+namespace KxPlat::Lisp {
+
+const std::vector<BuiltinTable>& Families()
+{
+    static const std::vector<BuiltinTable> all = {
+        kSpecialForms, kArithmetic, kComparison,  kLists,    kVlLists, kApplication, kTypes,
+        kStrings,      kVlStrings,  kNumberTexts, kPrinting, kFiles,   kGeometry,
+    };
+    return all;
+}
+
+}   // namespace KxPlat::Lisp
