@@ -58,10 +58,14 @@ void AddControls(CodeTable& table)
 void AddReverse(CodeTable& table)
 {
     table.back.assign(0x10000, 0);
-    for (unsigned bytes = 0; bytes < table.pairs.size(); ++bytes) {
-        const uint16_t character = table.pairs[bytes];
-        if (character != kNoChar && table.back[character] == 0)
-            table.back[character] = static_cast<uint16_t>(bytes);
+    // Some characters of 932 stand in it twice or more; the second choice are the ones of rows 0xED and 0xEE.
+    const auto isSecondChoice = [&](unsigned lead) { return table.codePage == 932 && (lead == 0xED || lead == 0xEE); };
+    for (bool second : {false, true}) {
+        for (unsigned bytes = 0; bytes < table.pairs.size(); ++bytes) {
+            const uint16_t character = table.pairs[bytes];
+            if (character != kNoChar && table.back[character] == 0 && isSecondChoice(bytes >> 8) == second)
+                table.back[character] = static_cast<uint16_t>(bytes);
+        }
     }
     for (unsigned byte = 0; byte < 256; ++byte) {
         if (table.single[byte] != kNoChar)

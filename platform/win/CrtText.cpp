@@ -109,7 +109,8 @@ double _wtof(const wchar_t* text)
         ++text;
     for (; digits.size() < kLongestNumber && *text != 0; ++text) {
         const wchar_t c = *text;
-        if (KxPlat::IsDigit(c) || c == L'.' || c == L'+' || c == L'-')
+        const bool isSign = (c == L'+' || c == L'-') && !digits.empty() && digits.back() == 'e';
+        if (KxPlat::IsDigit(c) || c == L'.' || isSign)
             digits += static_cast<char>(c);
         else if (c == L'e' || c == L'E' || c == L'd' || c == L'D')
             digits += 'e';

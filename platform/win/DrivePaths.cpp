@@ -1,10 +1,23 @@
 #include "CharTables.h"
 #include "CodePage.h"
 #include "Files.h"
+#include <cerrno>
 #include <cstdlib>
 
 namespace KxPlat {
 namespace {
+
+// Looking for a name leaves the caller's error number alone.
+class KeptErrno {
+public:
+    KeptErrno() = default;
+    ~KeptErrno() { errno = m_number; }
+    KeptErrno(const KeptErrno&) = delete;
+    KeptErrno& operator=(const KeptErrno&) = delete;
+
+private:
+    int m_number = errno;
+};
 
 std::string Environment(const char* name)
 {
@@ -180,6 +193,7 @@ std::wstring DriveText(wchar_t drive, const std::vector<std::wstring>& parts)
 
 std::string HostPath(std::wstring_view path)
 {
+    const KeptErrno kept;
     path = WithoutDevicePrefix(path);
     if (path.empty())
         return "";
@@ -204,10 +218,11 @@ std::string HostPath(std::wstring_view path)
     std::string root = DriveRoot(drive);
     if (drive == L'C')
         MakeFolders(root);
-    const bool fromCurrent = !start.fromRoot && drive == currentDrive;
-    if (fromCurrent)
-        root = WithoutEndSlash(current);
-    return WithoutEndSlash(Joined(root + "/", Normalized(parts, !fromCurrent)));
+    if (!start.fromRoot && drive == currentDrive) {
+        const std::vector<std::wstring> above = Components(NameText(current.substr(rootLength)));
+        parts.insert(parts.begin(), above.begin(), above.end());
+    }
+    return WithoutEndSlash(Joined(root + "/", Normalized(parts, true)));
 }
 
 std::wstring DrivePath(std::string_view hostPath)

@@ -36,10 +36,10 @@ std::string ToUnits(std::wstring_view text, bool big)
     return bytes;
 }
 
-// Zeros and the old mark of a text's end count as blanks.
+// The old mark of a text's end counts as a blank.
 bool IsBlank(wchar_t character)
 {
-    return character == 0 || character == 0x1A || (character != 0xFEFF && IsSpace(character));
+    return character == 0x1A || (character != 0xFEFF && IsSpace(character));
 }
 
 std::wstring_view Trimmed(std::wstring_view text)
@@ -55,7 +55,8 @@ IniLine LineOf(std::wstring_view text)
 {
     IniLine line;
     line.text = text;
-    const std::wstring_view plain = Trimmed(text);
+    // What follows a zero is kept in the file, but says nothing.
+    const std::wstring_view plain = Trimmed(text.substr(0, text.find(L'\0')));
     if (plain.empty() || plain[0] == L';')
         return line;
     const size_t bracket = plain.rfind(L']');

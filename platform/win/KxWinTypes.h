@@ -83,7 +83,8 @@ typedef void*               HGLOBAL;
 #define FALSE 0
 #endif
 
-typedef INT_PTR (WINAPI* FARPROC)();
+// Answers nothing, so that the compiler lets it be cast to the function that it really is.
+typedef void (WINAPI* FARPROC)();
 typedef LRESULT (CALLBACK* WNDPROC)(HWND, UINT, WPARAM, LPARAM);
 typedef BOOL (CALLBACK* WNDENUMPROC)(HWND, LPARAM);
 

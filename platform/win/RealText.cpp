@@ -29,7 +29,8 @@ bool IsTie(double value, std::chars_format format, int precision)
         return false;
     const std::string exact = Converted(value, format, kMostDigits);
     const size_t end = MantissaEnd(one);
-    return exact.compare(0, end, one, 0, end) == 0 && exact.find_first_not_of('0', end) == MantissaEnd(exact);
+    return exact.compare(0, end, one, 0, end) == 0 &&
+           std::min(exact.find_first_not_of('0', end), exact.size()) == MantissaEnd(exact);
 }
 
 // Adds one to the last digit of a number without exponent; a carry may lengthen it.
