@@ -6,7 +6,7 @@
 #include <climits>
 #include <new>
 
-constinit const CString::NilBlock CString::s_nil = {{0, 0, 0}, L'\0'};
+constinit CString::NilBlock CString::s_nil = {{0, 0, 0}, L'\0'};
 
 namespace {
 

@@ -137,9 +137,9 @@ private:
         Header head;
         wchar_t end;
     };
-    static const NilBlock s_nil;
+    static NilBlock s_nil;   // writable, since its zero is added to without a look
 
-    static wchar_t* Nil() { return const_cast<wchar_t*>(&s_nil.end); }
+    static wchar_t* Nil() { return &s_nil.end; }
     static wchar_t* Allocate(int capacity);
     Header* Head() const { return reinterpret_cast<Header*>(m_text) - 1; }
     wchar_t* Shared() const
