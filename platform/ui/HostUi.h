@@ -24,15 +24,15 @@ struct InputRequest {
 struct InputEvent {
     enum class Type { Text, Point, Objects, Cancel, End };
     Type type = Type::End;
-    std::wstring text;                   // without the line end
+    std::wstring text;   // without the line end
     double point[3] = {0, 0, 0};
-    std::vector<void*> objects;          // AcDbStub pointers
+    std::vector<void*> objects;   // AcDbStub pointers
 };
 
 struct FileRequest {
     std::wstring title;
-    std::wstring initial;                // a path or name to start from, may be empty
-    std::wstring extensions;             // "dwg;dxf"
+    std::wstring initial;      // a path or name to start from, may be empty
+    std::wstring extensions;   // "dwg;dxf"
     bool forSave = false;
 };
 
@@ -48,7 +48,8 @@ public:
     virtual InputEvent Ask(const InputRequest& request);
     // True when the user asked to stop what is running (Esc or Ctrl-C); asking clears it.
     virtual bool Interrupted();
-    // `type` holds the MB_ flags of MessageBoxW; the answer is one of its ID codes. The default answers with the default button.
+    // `type` holds the MB_ flags of MessageBoxW; the answer is one of its ID codes. The default answers with the
+    // default button.
     virtual int ShowMessage(std::wstring_view text, std::wstring_view caption, unsigned type);
     // False when the user cancels. The default asks on the command line through Ask().
     virtual bool AskFileName(const FileRequest& request, std::wstring& path);
