@@ -1,5 +1,6 @@
 // Windows and MFC: the part of the host seam that KxMfcEx/ may see.
 #pragma once
+#include "mfc/AfxExtensionModule.h"
 #include "mfc/AfxMessageBox.h"
 #include "mfc/CArray.h"
 #include "mfc/CList.h"
