@@ -7,7 +7,13 @@
 #include <memory>
 #include <utility>
 
+// How an array moves its items when it grows. Both names mean the same here: items are moved one by one.
 template <class T>
+struct AcArrayMemCopyReallocator {};
+template <class T>
+struct AcArrayObjectCopyReallocator {};
+
+template <class T, class Reallocator = AcArrayMemCopyReallocator<T>>
 class AcArray {
 public:
     AcArray(int physicalLength = 0, int growLength = 8) : m_growLength(std::max(growLength, 1))

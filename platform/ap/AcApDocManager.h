@@ -1,0 +1,61 @@
+// The open documents, which of them is current, and their locks.
+#pragma once
+#include "../win/KxWinTypes.h"
+#include "AcApDocManagerReactor.h"
+#include "AcApDocument.h"
+#include <memory>
+
+class AcApDocManager : public AcRxObject {
+public:
+    ACRX_DECLARE_MEMBERS(AcApDocManager);
+
+    ~AcApDocManager() override;
+
+    AcApDocument* curDocument() const;         // of the code that runs now
+    AcApDocument* mdiActiveDocument() const;   // of the user's input
+    // Null for a database that is no document's.
+    AcApDocument* document(const AcDbDatabase* database) const;
+    AcApDocumentIterator* newAcApDocumentIterator();
+    int documentCount() const;
+    bool isApplicationContext() const;   // no command runs
+
+    // Locks pile up: each one is taken back by one unlocking. eLockConflict where a writer bars the way.
+    Acad::ErrorStatus lockDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kWrite,
+                                   const ACHAR* globalCmdName = nullptr, const ACHAR* localCmdName = nullptr,
+                                   bool prompt = true);
+    Acad::ErrorStatus unlockDocument(AcApDocument* document);
+
+    Acad::ErrorStatus setCurDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kNone,
+                                     bool activate = false);
+    Acad::ErrorStatus activateDocument(AcApDocument* document, bool passScript = false);
+
+    // Queues text for the document's command line; it is taken once the running command has ended or asks for input.
+    Acad::ErrorStatus sendStringToExecute(AcApDocument* document, const ACHAR* text, bool activate = true,
+                                          bool wrapUpInactiveDoc = false, bool echo = true);
+
+    Acad::ErrorStatus appContextNewDocument(const ACHAR* templateName);
+    Acad::ErrorStatus appContextOpenDocument(const ACHAR* fileName);
+    Acad::ErrorStatus newDocument();
+    Acad::ErrorStatus openDocument();   // asks for the file
+    // Without saving.
+    Acad::ErrorStatus closeDocument(AcApDocument* document);
+    // eNotApplicable while a command runs: opens a drawing in a document that becomes the active one.
+    Acad::ErrorStatus appContextCloseDocument(AcApDocument* document) { return closeDocument(document); }
+
+    void addReactor(AcApDocManagerReactor* reactor);
+    void removeReactor(AcApDocManagerReactor* reactor);
+
+    // Where dialogs are looked for first, above the host's own resources.
+    void pushResourceHandle(HINSTANCE resources);
+    void popResourceHandle();
+
+private:
+    friend AcApDocManager* acDocManagerPtr();
+    AcApDocManager();
+    struct State;
+    std::unique_ptr<State> m_state;
+};
+
+AcApDocManager* acDocManagerPtr();
+#define acDocManager acDocManagerPtr()
+#define curDoc() (acDocManagerPtr()->curDocument())
