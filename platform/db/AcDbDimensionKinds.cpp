@@ -1,0 +1,216 @@
+#include "../ge/EntityAxes.h"
+#include "AcDbDimension.h"
+#include "core/Fields.h"
+#include "core/Members.h"
+
+using namespace KxPlat;
+
+ACRX_DXF_DEFINE_MEMBERS(AcDbAlignedDimension, AcDbDimension, 0, 0, 0, DIMENSION, AcDb)
+ACRX_DXF_DEFINE_MEMBERS(AcDbRotatedDimension, AcDbDimension, 0, 0, 0, DIMENSION, AcDb)
+ACRX_DXF_DEFINE_MEMBERS(AcDbRadialDimension, AcDbDimension, 0, 0, 0, DIMENSION, AcDb)
+ACRX_DXF_DEFINE_MEMBERS(AcDbDiametricDimension, AcDbDimension, 0, 0, 0, DIMENSION, AcDb)
+ACRX_DXF_DEFINE_MEMBERS(AcDb2LineAngularDimension, AcDbDimension, 0, 0, 0, DIMENSION, AcDb)
+ACRX_DXF_DEFINE_MEMBERS(AcDb3PointAngularDimension, AcDbDimension, 0, 0, 0, DIMENSION, AcDb)
+ACRX_DXF_DEFINE_MEMBERS(AcDbOrdinateDimension, AcDbDimension, 0, 0, 0, DIMENSION, AcDb)
+ACRX_DXF_DEFINE_MEMBERS(AcDbArcDimension, AcDbDimension, 0, 0, 0, ARC_DIMENSION, AcDb)
+ACRX_DXF_DEFINE_MEMBERS(AcDbRadialDimensionLarge, AcDbDimension, 0, 0, 0, LARGE_RADIAL_DIMENSION, AcDb)
+
+const ClassSchema& AcDbAlignedDimension::fieldSchema()
+{
+    using Dimension = AcDbAlignedDimension;
+    static const ClassSchema schema(&AcDbDimension::fieldSchema(), "DIMENSION", "AcDbAlignedDimension",
+                                    {
+                                        Point3(12, &Dimension::m_clonePoint),
+                                        Point3(13, &Dimension::m_line1).always(),
+                                        Point3(14, &Dimension::m_line2).always(),
+                                        Real(50, &Dimension::m_angle),
+                                        Real(52, &Dimension::m_oblique),
+                                    });
+    return schema;
+}
+
+const ClassSchema& AcDbRotatedDimension::fieldSchema()
+{
+    using Dimension = AcDbRotatedDimension;
+    static const ClassSchema points(&AcDbDimension::fieldSchema(), "DIMENSION", "AcDbAlignedDimension",
+                                    {
+                                        Point3(12, &Dimension::m_clonePoint),
+                                        Point3(13, &Dimension::m_line1).always(),
+                                        Point3(14, &Dimension::m_line2).always(),
+                                        Real(50, &Dimension::m_angle),
+                                        Real(52, &Dimension::m_oblique),
+                                    });
+    static const ClassSchema schema(&points, "DIMENSION", "AcDbRotatedDimension", {});
+    return schema;
+}
+
+const ClassSchema& AcDbRadialDimension::fieldSchema()
+{
+    static const ClassSchema schema(&AcDbDimension::fieldSchema(), "DIMENSION", "AcDbRadialDimension",
+                                    {
+                                        Point3(15, &AcDbRadialDimension::m_chord).always(),
+                                        Real(40, &AcDbRadialDimension::m_leaderLength).always(),
+                                    });
+    return schema;
+}
+
+const ClassSchema& AcDbDiametricDimension::fieldSchema()
+{
+    static const ClassSchema schema(&AcDbDimension::fieldSchema(), "DIMENSION", "AcDbDiametricDimension",
+                                    {
+                                        Point3(15, &AcDbDiametricDimension::m_chord).always(),
+                                        Real(40, &AcDbDiametricDimension::m_leaderLength).always(),
+                                    });
+    return schema;
+}
+
+const ClassSchema& AcDb2LineAngularDimension::fieldSchema()
+{
+    using Dimension = AcDb2LineAngularDimension;
+    static const ClassSchema schema(&AcDbDimension::fieldSchema(), "DIMENSION", "AcDb2LineAngularDimension",
+                                    {
+                                        Point3(13, &Dimension::m_start1).always(),
+                                        Point3(14, &Dimension::m_end1).always(),
+                                        Point3(15, &Dimension::m_start2).always(),
+                                        Point3(16, &Dimension::m_arcPoint).always(),
+                                    });
+    return schema;
+}
+
+const ClassSchema& AcDb3PointAngularDimension::fieldSchema()
+{
+    using Dimension = AcDb3PointAngularDimension;
+    static const ClassSchema schema(&AcDbDimension::fieldSchema(), "DIMENSION", "AcDb3PointAngularDimension",
+                                    {
+                                        Point3(13, &Dimension::m_line1).always(),
+                                        Point3(14, &Dimension::m_line2).always(),
+                                        Point3(15, &Dimension::m_center).always(),
+                                        Point3(16, &Dimension::m_arcPoint),
+                                    });
+    return schema;
+}
+
+const ClassSchema& AcDbOrdinateDimension::fieldSchema()
+{
+    static const ClassSchema schema(&AcDbDimension::fieldSchema(), "DIMENSION", "AcDbOrdinateDimension",
+                                    {
+                                        Point3(13, &AcDbOrdinateDimension::m_defining).always(),
+                                        Point3(14, &AcDbOrdinateDimension::m_leaderEnd).always(),
+                                    });
+    return schema;
+}
+
+const ClassSchema& AcDbArcDimension::fieldSchema()
+{
+    using Dimension = AcDbArcDimension;
+    static const ClassSchema schema(&AcDbDimension::fieldSchema(), "ARC_DIMENSION", "AcDbArcDimension",
+                                    {
+                                        Point3(13, &Dimension::m_line1).always(),
+                                        Point3(14, &Dimension::m_line2).always(),
+                                        Point3(15, &Dimension::m_center).always(),
+                                        Int16(70, &Dimension::m_isPartial).always(),
+                                        Real(40, &Dimension::m_startAngle).always(),
+                                        Real(41, &Dimension::m_endAngle).always(),
+                                        Int16(71, &Dimension::m_hasLeader).always(),
+                                        Point3(16, &Dimension::m_leader1).always(),
+                                        Point3(17, &Dimension::m_leader2).always(),
+                                    });
+    return schema;
+}
+
+const ClassSchema& AcDbRadialDimensionLarge::fieldSchema()
+{
+    using Dimension = AcDbRadialDimensionLarge;
+    static const ClassSchema schema(&AcDbDimension::fieldSchema(), "LARGE_RADIAL_DIMENSION", "AcDbRadialDimensionLarge",
+                                    {
+                                        Point3(13, &Dimension::m_overrideCenter).always(),
+                                        Point3(14, &Dimension::m_jog).always(),
+                                        Point3(15, &Dimension::m_chord).always(),
+                                        Real(40, &Dimension::m_jogAngle).always(),
+                                    });
+    return schema;
+}
+
+AcDbAlignedDimension::AcDbAlignedDimension(const AcGePoint3d& xLine1Point, const AcGePoint3d& xLine2Point,
+                                           const AcGePoint3d& dimLinePoint, const ACHAR* text, AcDbObjectId style)
+    : AcDbDimension(1), m_line1(xLine1Point), m_line2(xLine2Point)
+{
+    m_definition = dimLinePoint;
+    m_text = text;
+    m_style = style;
+    m_measurement = Measured();
+}
+
+Acad::ErrorStatus AcDbAlignedDimension::setXLine1Point(const AcGePoint3d& point)
+{
+    return Assign(*this, m_line1, point);
+}
+
+Acad::ErrorStatus AcDbAlignedDimension::setXLine2Point(const AcGePoint3d& point)
+{
+    return Assign(*this, m_line2, point);
+}
+
+Acad::ErrorStatus AcDbAlignedDimension::setDimLinePoint(const AcGePoint3d& point)
+{
+    return Assign(*this, m_definition, point);
+}
+
+AcDbRotatedDimension::AcDbRotatedDimension(double rotation, const AcGePoint3d& xLine1Point,
+                                           const AcGePoint3d& xLine2Point, const AcGePoint3d& dimLinePoint,
+                                           const ACHAR* text, AcDbObjectId style)
+    : AcDbDimension(0), m_line1(xLine1Point), m_line2(xLine2Point), m_angle(Degrees(rotation))
+{
+    m_definition = dimLinePoint;
+    m_text = text;
+    m_style = style;
+    m_measurement = Measured();
+}
+
+Acad::ErrorStatus AcDbRotatedDimension::setXLine1Point(const AcGePoint3d& point)
+{
+    return Assign(*this, m_line1, point);
+}
+
+Acad::ErrorStatus AcDbRotatedDimension::setXLine2Point(const AcGePoint3d& point)
+{
+    return Assign(*this, m_line2, point);
+}
+
+Acad::ErrorStatus AcDbRotatedDimension::setDimLinePoint(const AcGePoint3d& point)
+{
+    return Assign(*this, m_definition, point);
+}
+
+double AcDbRotatedDimension::rotation() const
+{
+    return Radians(m_angle);
+}
+
+Acad::ErrorStatus AcDbRotatedDimension::setRotation(double angle)
+{
+    return Assign(*this, m_angle, Degrees(angle));
+}
+
+double AcDb2LineAngularDimension::Measured() const
+{
+    return (m_end1 - m_start1).angleTo(m_definition - m_start2);
+}
+
+double AcDb3PointAngularDimension::Measured() const
+{
+    return (m_line1 - m_center).angleTo(m_line2 - m_center);
+}
+
+double AcDbOrdinateDimension::Measured() const
+{
+    const AcGeVector3d apart = m_defining - m_definition;
+    return std::fabs(isUsingXAxis() ? apart.x : apart.y);
+}
+
+double AcDbArcDimension::Measured() const
+{
+    const AcGeVector3d first = m_line1 - m_center, last = m_line2 - m_center;
+    const double radius = first.length();
+    return radius * (radius == 0 ? 0 : first.angleTo(last, m_normal));
+}
