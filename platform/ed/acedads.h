@@ -4,6 +4,8 @@
 #pragma once
 #include "../rx/acutads.h"
 #include "../win/KxWinTypes.h"
+#include "select/acdbads.h"
+#include "select/acedSelection.h"
 
 // Runs commands with the given pieces of input. What the pieces leave open is asked from whoever called.
 int acedCommand(int rtype, ...);
