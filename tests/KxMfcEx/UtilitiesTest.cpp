@@ -1,0 +1,217 @@
+#include "KxMfcEx/FileVersion.h"
+#include "KxMfcEx/Folders.h"
+#include "KxMfcEx/Processes.h"
+#include "KxMfcEx/StrUtils.h"
+#include "support/ProgramFile.h"
+#include "support/TempFolder.h"
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace {
+
+using namespace KxMfcEx;
+using KxTest::TempFolder;
+
+TEST(FileVersion, ReadsTextsAndNumbers)
+{
+    const TempFolder folder;
+    const KxTest::VersionStrings strings = {{u"FileDescription", u"图层工具"}, {u"FileVersion", u"18.1.49.0"},
+                                            {u"InternalName", u"acad"},        {u"CompanyName", u"Kx"},
+                                            {u"LegalCopyright", u"(C) 2010"},  {u"OriginalFilename", u"acad.exe"},
+                                            {u"ProductName", u"AutoCAD 2011"}, {u"ProductVersion", u"18.1.49.0.0"}};
+    folder.Write(
+        "acad.exe",
+        KxTest::ProgramFile(KxTest::VersionResource({18, 1, 49, 0, 65535, 2, 3, 40000}, 0x804, 0x4B0, strings), true));
+    CFileVersion version;
+    ASSERT_EQ(version.Open(folder.DrivePath(L"ACAD.EXE").c_str()), 1);
+    EXPECT_STREQ(version.GetFileDescription(), L"图层工具");
+    EXPECT_STREQ(version.GetFileVersion(), L"18.1.49.0");
+    EXPECT_STREQ(version.GetInternalName(), L"acad");
+    EXPECT_STREQ(version.GetCompanyName(), L"Kx");
+    EXPECT_STREQ(version.GetLegalCopyright(), L"(C) 2010");
+    EXPECT_STREQ(version.GetOriginalFilename(), L"acad.exe");
+    EXPECT_STREQ(version.GetProductName(), L"AutoCAD 2011");
+    EXPECT_STREQ(version.GetProductVersion(), L"18.1.49.0.0");
+    EXPECT_STREQ(version.GetFixedFileVersion(), L"18,1,49,0");
+    EXPECT_STREQ(version.GetFixedProductVersion(), L"65535,2,3,40000");
+    EXPECT_STREQ(version.QueryValue(L"Comments"), L"");
+    EXPECT_STREQ(version.QueryValue(L"FileVersion", 0x080404B0), L"18.1.49.0");
+    EXPECT_STREQ(version.QueryValue(L"FileVersion", 0x040904B0), L"") << "no texts in that language";
+    VS_FIXEDFILEINFO info = {};
+    EXPECT_EQ(version.GetFixedInfo(info), 1);
+    EXPECT_EQ(info.dwFileVersionMS, 0x00120001u);
+}
+
+TEST(FileVersion, ClosedOneIsEmpty)
+{
+    const TempFolder folder;
+    folder.Write("acad.exe",
+                 KxTest::ProgramFile(
+                     KxTest::VersionResource({1, 2, 3, 4, 1, 2, 3, 4}, 0x409, 0x4B0, {{u"FileVersion", u"1"}}), false));
+    folder.Write("text.exe", "text");
+    CFileVersion version;
+    VS_FIXEDFILEINFO info = {};
+    const auto expectEmpty = [&] {
+        EXPECT_STREQ(version.QueryValue(L"FileVersion"), L"");
+        EXPECT_STREQ(version.GetFixedFileVersion(), L"");
+        EXPECT_STREQ(version.GetFixedProductVersion(), L"");
+        EXPECT_EQ(version.GetFixedInfo(info), 0);
+    };
+    expectEmpty();
+    ASSERT_EQ(version.Open(folder.DrivePath(L"acad.exe").c_str()), 1);
+    EXPECT_STREQ(version.GetFileVersion(), L"1");
+    EXPECT_EQ(version.Open(folder.DrivePath(L"text.exe").c_str()), 0);
+    expectEmpty();
+    ASSERT_EQ(version.Open(folder.DrivePath(L"acad.exe").c_str()), 1);
+    version.Close();
+    expectEmpty();
+    EXPECT_EQ(version.Open(folder.DrivePath(L"missing.exe").c_str()), 0);
+}
+
+TEST(FileVersion, AFileWithoutTranslationIsRefused)
+{
+    const TempFolder folder;
+    const std::string resource = KxTest::VersionNode(u"VS_VERSION_INFO", 0, 52, std::string(52, '\x01'));
+    folder.Write("x.dll", KxTest::ProgramFile(resource, true));
+    CFileVersion version;
+    EXPECT_EQ(version.Open(folder.DrivePath(L"x.dll").c_str()), 0);
+    EXPECT_STREQ(version.GetFixedFileVersion(), L"");
+}
+
+// Works in a folder of its own, which is also drive C:.
+class MakeDirTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        setenv("KX_DRIVE_C", m_folder.Path("drive_c").c_str(), 1);
+        std::filesystem::create_directories(m_folder.Path("drive_c/a"));
+        m_folder.Write("drive_c/file", "x");
+        _wgetcwd(m_before, MAX_PATH);
+        _wchdir(L"C:\\");
+    }
+    void TearDown() override
+    {
+        _wchdir(m_before);
+        unsetenv("KX_DRIVE_C");
+    }
+    bool IsFolder(const std::string& name) const
+    {
+        return std::filesystem::is_directory(m_folder.Path("drive_c/" + name));
+    }
+
+    TempFolder m_folder;
+    wchar_t m_before[MAX_PATH] = {};
+};
+
+TEST_F(MakeDirTest, CountsWhatItMakes)
+{
+    struct Row {
+        const wchar_t* path;
+        int parents, answer;
+        const char* folder;   // that is there afterwards
+    };
+    static const Row rows[] = {
+        {L"C:\\a", 0, 0, "a"},
+        {L"C:\\a", 1, 0, "a"},
+        {L"C:\\n", 0, 1, "n"},
+        {L"C:\\n\\x\\y", 0, 0, "n"},
+        {L"C:\\a\\b\\c", 1, 2, "a/b/c"},
+        {L"C:\\a\\d\\e\\", 1, 2, "a/d/e"},
+        {L"C:\\a\\d\\e\\", 1, 0, "a/d/e"},
+        {L"C:\\中文\\图层", 1, 2, "中文/图层"},
+        {L"new\\sub", 1, 2, "new/sub"},
+        {L"a\\z", 1, 0, "a"},   // the second name is looked for below the first one's own folder
+        {L"C:\\file\\x", 1, 0, "a"},
+        {L"C:/s/t", 1, 0, "a"},
+        {L"", 1, 0, "a"},
+        {nullptr, 1, 0, "a"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(row.path));
+        EXPECT_EQ(MakeDir(row.path, row.parents), row.answer);
+        EXPECT_TRUE(IsFolder(row.folder));
+        wchar_t current[MAX_PATH];
+        EXPECT_STREQ(_wgetcwd(current, MAX_PATH), L"C:\\") << "the current folder stays";
+    }
+    EXPECT_FALSE(IsFolder("a/z"));
+    EXPECT_FALSE(IsFolder("s"));
+}
+
+TEST(Processes, OwnPathInDriveForm)
+{
+    wchar_t path[MAX_PATH], own[MAX_PATH];
+    GetModuleFileNameW(nullptr, own, MAX_PATH);
+    EXPECT_EQ(GetProcessFullPath(GetCurrentProcessId(), path), 1);
+    EXPECT_STREQ(path, own);
+    EXPECT_EQ(GetProcessFullPath(4294967295u, path), 0);
+    EXPECT_STREQ(path, L"");
+    EXPECT_EQ(GetProcessFullPath(GetCurrentProcessId(), nullptr), 0);
+}
+
+TEST(Processes, DevicesBecomeDrives)
+{
+    const TempFolder folder;
+    setenv("KX_DRIVE_C", folder.Path("drive_c").c_str(), 1);
+    struct Row {
+        const wchar_t *device, *path;
+        int answer;
+    };
+    static const Row rows[] = {{L"\\Device\\HarddiskVolume1\\Kx\\acad.exe", L"C:\\Kx\\acad.exe", 1},
+                               {L"\\DEVICE\\harddiskvolume2\\usr\\bin\\x", L"Z:\\usr\\bin\\x", 1},
+                               {L"\\Device\\HarddiskVolume2", L"Z:", 1},
+                               {L"\\Device\\CdRom0\\setup.exe", L"\\Device\\CdRom0\\setup.exe", 0}};
+    for (const Row& row : rows) {
+        wchar_t out[MAX_PATH] = {};
+        EXPECT_EQ(DosPathToNtPath(row.device, out), row.answer);
+        EXPECT_STREQ(out, row.path);
+    }
+    wchar_t out[MAX_PATH] = {};
+    EXPECT_EQ(DosPathToNtPath(nullptr, out), 0);
+    EXPECT_EQ(DosPathToNtPath(L"x", nullptr), 0);
+    unsetenv("KX_DRIVE_C");
+}
+
+TEST(Processes, A64BitProcessIsNoGuest)
+{
+    EXPECT_NE(GetProcAddress(GetModuleHandleW(L"kernel32"), "IsWow64Process"), nullptr);
+    EXPECT_EQ(IsWin64(), 0);
+}
+
+TEST(StrUtils, NumbersOfEveryRadix)
+{
+    struct Row {
+        const wchar_t* text;
+        int radix, answer;
+    };
+    static const Row rows[] = {{L"-1.5", 10, 1}, {L"1.2.3", 10, 0}, {L"ff", 16, 1},  {L"fg", 16, 0}, {L"2", 2, 0},
+                               {L"-1.01", 2, 1}, {L"8", 8, 0},      {L"777", 8, 1},  {L"-", 10, 1},  {L"+", 10, 1},
+                               {L".", 10, 1},    {L"-.", 16, 1},    {L"--1", 10, 0}, {L"", 10, 0},   {nullptr, 10, 0},
+                               {L"12", 3, 0},    {L"12", 0, 0},     {L"1 2", 10, 0}, {L"A", 10, 0},  {L"+5", 10, 1},
+                               {L"１", 10, 0},   {L"1e5", 10, 0},   {L"1e5", 16, 1}};
+    for (const Row& row : rows)
+        EXPECT_EQ(Str_IsNumString(row.text, row.radix), row.answer) << testing::PrintToString(row.text) << row.radix;
+}
+
+TEST(StrUtils, ConvertsIntoNewArrays)
+{
+    wchar_t* wide = nullptr;
+    EXPECT_EQ(Str_MultiByteToWideChar("墙 a", wide), 4);
+    const std::unique_ptr<wchar_t[]> wideOwner(wide);
+    EXPECT_STREQ(wide, L"墙 a");
+    char* narrow = nullptr;
+    EXPECT_EQ(Str_WideCharToMultiByte(L"墙 a", narrow), 6);
+    const std::unique_ptr<char[]> narrowOwner(narrow);
+    EXPECT_STREQ(narrow, "墙 a");
+    EXPECT_EQ(Str_MultiByteToWideChar(nullptr, wide), 0);
+    EXPECT_EQ(wide, nullptr);
+    EXPECT_EQ(Str_WideCharToMultiByte(nullptr, narrow), 0);
+    EXPECT_EQ(narrow, nullptr);
+}
+
+TEST(StrUtils, Formats)
+{
+    EXPECT_STREQ(Str_Format(L"%s_%d%S", L"LOAD_ACAD", 180, "_X64"), L"LOAD_ACAD_180_X64");
+}
+
+}   // namespace
