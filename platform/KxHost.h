@@ -97,12 +97,3 @@
 #include "ed/AcEdCommandStack.h"
 #include "ed/AcEdInputPointFilter.h"
 #include "ed/AcEdInputPointManager.h"
-
-#include "ap/AcApDocLockMode.h"
-#include "ap/AcApDocManager.h"
-#include "ap/AcApDocManagerReactor.h"
-#include "ap/AcApDocument.h"
-
-#include "ed/acedads.h"
-#include "ed/AcEdCommand.h"
-#include "ed/AcEdCommandStack.h"
