@@ -20,7 +20,7 @@ public:
             ++at;
         const char* const first = at;
         int code = 0;
-        while (at < m_end && unsigned(*at - '0') < 10 && at - first < 5)
+        while (at < m_end && unsigned(*at - '0') < 10 && at - first < 4)
             code = code * 10 + (*at++ - '0');
         if (at < m_end && *at == '\r')
             ++at;

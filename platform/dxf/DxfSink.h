@@ -35,8 +35,11 @@ public:
     void Id(int code, AcDbObjectId value) override
     {
         const AcDbStub* stub = value;
-        if (m_spelling != nullptr)
+        if (m_spelling != nullptr) {
             stub = OwnerAsRead(code, stub);
+            if (const KeptSpelling* kept = stub == nullptr ? TextForHandle(code) : nullptr)
+                return m_writer.Text(code, m_codec.Encode(kept->name));
+        }
         const bool isGone = stub != nullptr && stub->erased;
         if (isGone && m_isInReactors)
             return;
@@ -88,6 +91,11 @@ private:
             return stub;
         const KeptSpelling* kept = Spelling(code, [](const KeptSpelling& one) { return one.owner != nullptr; });
         return kept == nullptr ? stub : kept->owner;
+    }
+
+    const KeptSpelling* TextForHandle(int code) const
+    {
+        return Spelling(code, [](const KeptSpelling& one) { return one.owner == nullptr; });
     }
 
     Writer& m_writer;

@@ -1,6 +1,7 @@
 // The values of the group that a walk stands at, as objects take them: texts decoded, names looked up.
 #pragma once
 #include "../db/core/DbCore.h"
+#include "../db/core/ObjectAccess.h"
 #include "../db/core/RecordNames.h"
 #include "TextCodec.h"
 #include <memory>
@@ -51,9 +52,11 @@ public:
     uint64_t Handle()
     {
         const std::optional<uint64_t> handle = m_tags.Handle();
-        if (!handle)
-            m_tags.report().Mend(m_tags.Place(), "this is no handle:", std::string(m_tags.Text().substr(0, 40)));
-        return handle.value_or(0);
+        if (handle)
+            return *handle;
+        m_tags.report().Mend(m_tags.Place(), "this is no handle:", std::string(m_tags.Text().substr(0, 40)));
+        m_spellings.emplace_back(m_tags.code(), Text());
+        return 0;
     }
     KxPlat::Bytes Binary()
     {
@@ -72,7 +75,8 @@ public:
             m_spellings.emplace_back(m_tags.code(), entry->spelling);
         return entry->record;
     }
-    // Names of the present object that differ from their records' spelling; the caller empties the list.
+    // Names of the present object that differ from their records' spelling, and texts in the place of handles; the caller
+    // empties the list.
     std::vector<std::pair<int, CString>>& spellings() { return m_spellings; }
 
     GroupValue Value(DbCore& core)
@@ -102,7 +106,9 @@ private:
         NameCache::Entry entry;
         const CString name = m_codec.Decode(bytes);
         entry.record = core.RecordNamed(table, name);
-        if (RecordNameOf(*entry.record->object) != name)
+        // A record that comes only later may bring a spelling of its own.
+        const bool isPlaceholder = (ObjectAccess::State(*entry.record->object) & kPlaceholder) != 0;
+        if (isPlaceholder || RecordNameOf(*entry.record->object) != name)
             entry.spelling = name;
         return m_names.Add(table, bytes, std::move(entry));
     }

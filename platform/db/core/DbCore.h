@@ -33,7 +33,7 @@ struct LooseSection {
 struct KeptSpelling {
     const AcDbStub* object;
     int16_t code;
-    CString name;       // of a symbol table record
+    CString name;       // of a symbol table record, or what stood where a handle should
     AcDbStub* owner;    // for code 330
 };
 

@@ -165,8 +165,9 @@ ShapeNode ShapeTable::Resolve(const ClassSchema& schema, uint32_t node, int code
             wanted.field = uint16_t(i);
             return wanted;
         }
+    // Extended data begins with the name of its application; before that such codes belong to the class.
     if (code >= 1000) {
-        wanted.op = Op::XData;
+        wanted.op = code == 1001 || from.op == Op::XData ? Op::XData : Op::Other;
         return wanted;
     }
     if (code == 100) {
