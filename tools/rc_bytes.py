@@ -24,7 +24,8 @@ def entry(kind, name, language, data):
     """One entry of a .res file; names in texts are upper case, as resource compilers store them."""
     names = name_or_number(kind) + name_or_number(name.upper() if isinstance(name, str) else name)
     names = padded(names)
-    tail = struct.pack("<IHHII", 0, 0x1030, language, 0, 0)
+    flags = 0x30 if kind == RT_VERSION else 0x1030   # moveable, pure and, but for versions, discardable
+    tail = struct.pack("<IHHII", 0, flags, language, 0, 0)
     return padded(struct.pack("<II", len(data), 8 + len(names) + len(tail)) + names + tail + data)
 
 
