@@ -3,6 +3,8 @@
 #include "mfc/AfxExtensionModule.h"
 #include "mfc/AfxMessageBox.h"
 #include "mfc/CArray.h"
+#include "mfc/CException.h"
+#include "mfc/CFile.h"
 #include "mfc/CList.h"
 #include "mfc/CMap.h"
 #include "mfc/CString.h"
