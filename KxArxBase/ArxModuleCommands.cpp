@@ -20,8 +20,8 @@ Acad::ErrorStatus CArxModuleRegManage::RegCmd(const wchar_t* group, const wchar_
         return AsStatus(KxAcad::eNoModule);
     const CString groupName = group != nullptr ? CString(group) : GetModuleName();
     const Acad::ErrorStatus es = Reported([&] {
-        return acedRegCmds->addCommand(groupName, globalName, localName, Adesk::Int32(flags), func, nullptr, -1, nullptr,
-                                       nullptr);
+        return acedRegCmds->addCommand(groupName, globalName, localName, Adesk::Int32(flags), func, nullptr, -1,
+                                       nullptr, nullptr);
     });
     if (es == Acad::eOk && !IsGroupRecorded(groupName))
         m_groups.Add(groupName);

@@ -1,5 +1,5 @@
-// Callbacks for Windows messages that reach the host's main window. All modules share one table, which holds at most one
-// record per message; the host knows one filter hook and one watch hook for all of them.
+// Callbacks for Windows messages that reach the host's main window. All modules share one table, which holds at most
+// one record per message; the host knows one filter hook and one watch hook for all of them.
 #pragma once
 #include "KxHost.h"
 #include "KxMfcEx/KxExport.h"
@@ -25,8 +25,8 @@ struct KxHookData {
 
 namespace KxArxBase::Gi {
 
-// Enters a record, in place of one for the same message, and installs its kind of hook; a null record removes the hooks.
-// With `clearTable` the table is emptied first. The record is stored even where a status tells of a failure.
+// Enters a record, in place of one for the same message, and installs its kind of hook; a null record removes the
+// hooks. With `clearTable` the table is emptied first. The record is stored even where a status tells of a failure.
 KXARX_API Acad::ErrorStatus HookMessage(KxMfcEx::KxHookData* data, int clearTable);
 
 }   // namespace KxArxBase::Gi

@@ -30,10 +30,14 @@ constexpr TableKind KindOf()
 }
 
 const TableKind g_tables[] = {
-    KindOf<AcDbBlockTable, AcDbBlockTableRecord>(),         KindOf<AcDbDimStyleTable, AcDbDimStyleTableRecord>(),
-    KindOf<AcDbLayerTable, AcDbLayerTableRecord>(),         KindOf<AcDbLinetypeTable, AcDbLinetypeTableRecord>(),
-    KindOf<AcDbTextStyleTable, AcDbTextStyleTableRecord>(), KindOf<AcDbRegAppTable, AcDbRegAppTableRecord>(),
-    KindOf<AcDbUCSTable, AcDbUCSTableRecord>(),             KindOf<AcDbViewTable, AcDbViewTableRecord>(),
+    KindOf<AcDbBlockTable, AcDbBlockTableRecord>(),
+    KindOf<AcDbDimStyleTable, AcDbDimStyleTableRecord>(),
+    KindOf<AcDbLayerTable, AcDbLayerTableRecord>(),
+    KindOf<AcDbLinetypeTable, AcDbLinetypeTableRecord>(),
+    KindOf<AcDbTextStyleTable, AcDbTextStyleTableRecord>(),
+    KindOf<AcDbRegAppTable, AcDbRegAppTableRecord>(),
+    KindOf<AcDbUCSTable, AcDbUCSTableRecord>(),
+    KindOf<AcDbViewTable, AcDbViewTableRecord>(),
     KindOf<AcDbViewportTable, AcDbViewportTableRecord>(),
 };
 
@@ -216,8 +220,8 @@ Acad::ErrorStatus CKxAcDb::NewIterator(const wchar_t* blockName, AcDbBlockTableR
 {
     it = nullptr;
     AcDbSymbolTableRecord* opened = nullptr;
-    const Acad::ErrorStatus es = Reported(
-        [&] { return OpenRecWithEntyName(blockName, AcDbBlockTableRecord::desc(), opened, AcDb::kForRead); });
+    const Acad::ErrorStatus es =
+        Reported([&] { return OpenRecWithEntyName(blockName, AcDbBlockTableRecord::desc(), opened, AcDb::kForRead); });
     if (es != Acad::eOk)
         return es;
     Opened<AcDbSymbolTableRecord> record(opened, es);

@@ -17,7 +17,8 @@ public:
     CKxAcDb& operator=(const CKxAcDb& other) = default;
     virtual ~CKxAcDb();
 
-    // Follows the working database from call to call, or stays on `db`, or (null) on the working database of this moment.
+    // Follows the working database from call to call, or stays on `db`, or (null) on the working database of this
+    // moment.
     void IniKxAcDb(AcDbDatabase* db, int follow);
     AcDbDatabase* GetAcDb() const;
     // The previous value.
@@ -110,7 +111,8 @@ public:
     // The states of one layer; of a separated list, those of its first layer. Untouched on failure.
     Acad::ErrorStatus GetLayerStatus(const wchar_t* name, bool& off, bool* frozen, bool* locked, wchar_t separator);
     Acad::ErrorStatus SetAlllayersStatus(bool* off, const bool* frozen, const bool* locked);
-    // Names of the layers of these entities, each once, in the order met; entities that cannot be opened are passed over.
+    // Names of the layers of these entities, each once, in the order met; entities that cannot be opened are passed
+    // over.
     Acad::ErrorStatus GetEntityLayers(const AcDbObjectIdArray& ids, CStringArray& names);
 
 private:

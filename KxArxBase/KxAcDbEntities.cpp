@@ -44,8 +44,8 @@ Acad::ErrorStatus CKxAcDb::AddEntToSpace(AcDbEntity* ent, int closeIt, const wch
     if (id != nullptr)
         id->setNull();
     AcDbSymbolTableRecord* opened = nullptr;
-    Acad::ErrorStatus es = Reported(
-        [&] { return OpenRecWithEntyName(space, AcDbBlockTableRecord::desc(), opened, AcDb::kForWrite); });
+    Acad::ErrorStatus es =
+        Reported([&] { return OpenRecWithEntyName(space, AcDbBlockTableRecord::desc(), opened, AcDb::kForWrite); });
     AcDbObjectId added;
     if (es == Acad::eOk) {
         Opened<AcDbSymbolTableRecord> block(opened, es);
@@ -177,8 +177,8 @@ Acad::ErrorStatus CKxAcDb::BlockTableGetEntityIds(AcDbObjectIdArray& ids, const 
     ids.setLogicalLength(0);
     if (block != nullptr) {
         AcDbSymbolTableRecord* opened = nullptr;
-        const Acad::ErrorStatus es = Reported(
-            [&] { return OpenRecWithEntyName(block, AcDbBlockTableRecord::desc(), opened, AcDb::kForRead); });
+        const Acad::ErrorStatus es =
+            Reported([&] { return OpenRecWithEntyName(block, AcDbBlockTableRecord::desc(), opened, AcDb::kForRead); });
         if (es != Acad::eOk)
             return es;
         const Opened<AcDbSymbolTableRecord> record(opened, es);

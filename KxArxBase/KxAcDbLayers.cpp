@@ -98,8 +98,7 @@ Acad::ErrorStatus CKxAcDb::SetLayerStatus(const wchar_t* name, bool off, const b
     return SetLayerStatusAll(name, &off, frozen, locked, separator);
 }
 
-Acad::ErrorStatus CKxAcDb::GetLayerStatus(const wchar_t* name, bool& off, bool* frozen, bool* locked,
-                                          wchar_t separator)
+Acad::ErrorStatus CKxAcDb::GetLayerStatus(const wchar_t* name, bool& off, bool* frozen, bool* locked, wchar_t separator)
 {
     CString first;
     AfxExtractSubString(first, name, 0, separator);

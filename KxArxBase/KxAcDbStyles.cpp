@@ -44,8 +44,8 @@ Acad::ErrorStatus CKxAcDb::DimStyle(const wchar_t* name, AcDbObjectId* id, int c
     if (id != nullptr)
         id->setNull();
     AcDbSymbolTableRecord* opened = nullptr;
-    const Acad::ErrorStatus es = Reported(
-        [&] { return OpenRecWithEntyName(name, AcDbDimStyleTable::desc(), opened, AcDb::kForRead, create); });
+    const Acad::ErrorStatus es =
+        Reported([&] { return OpenRecWithEntyName(name, AcDbDimStyleTable::desc(), opened, AcDb::kForRead, create); });
     if (es != Acad::eOk)
         return es;
     Opened<AcDbSymbolTableRecord> style(opened, es);

@@ -9,8 +9,8 @@ int G_bOutDebugCmdMsg = 0;
 namespace {
 
 const wchar_t* const g_errorNames[] = {
-    L"KxAcad::eNoObject",       L"KxAcad::eNoSectionsInDict", L"KxAcad::eNoApi",          L"KxAcad::eApiAccessError",
-    L"KxAcad::eNoModule",       L"KxAcad::eWrongHookType",    L"KxAcad::eFailRegCadHook", L"KxAcad::eFailRemoveCadHook",
+    L"KxAcad::eNoObject", L"KxAcad::eNoSectionsInDict", L"KxAcad::eNoApi",          L"KxAcad::eApiAccessError",
+    L"KxAcad::eNoModule", L"KxAcad::eWrongHookType",    L"KxAcad::eFailRegCadHook", L"KxAcad::eFailRemoveCadHook",
 };
 
 int PrintFormatted(const wchar_t* format, va_list arguments)

@@ -1,5 +1,6 @@
 // Layers off, frozen and locked by picking objects on them; all back again; and the last such action reversed.
-// A picking command leaves a record in a LISP variable of the document: a list of layer names, each followed by its flag.
+// A picking command leaves a record in a LISP variable of the document: a list of layer names, each followed by its
+// flag.
 #include "KxArxBase/DocumentLock.h"
 #include "KxArxBase/GiPick.h"
 #include "KxArxBase/KxAcDb.h"
@@ -31,26 +32,56 @@ struct PickCommand {
     const wchar_t* prompt;
     const wchar_t* record;   // LISP variable of the reversal record; null: none is kept
     LayerState state;
-    bool value;              // what the picked layers get
+    bool value;   // what the picked layers get
     Target target;
-    bool hasDefault;         // Enter takes the state away from all layers
+    bool hasDefault;   // Enter takes the state away from all layers
     Regen regen;
 };
 
 const PickCommand g_hidePicked = {L"\n 选择要关闭图层上的实体<显示所有图层>：",
-                                  L"HideReverse", LayerState::Off, true, Target::Picked, true, Regen::Never};
+                                  L"HideReverse",
+                                  LayerState::Off,
+                                  true,
+                                  Target::Picked,
+                                  true,
+                                  Regen::Never};
 const PickCommand g_hideOthers = {L"\n 选择要保留显示图层上的实体<显示所有图层>：",
-                                  L"HideReverse", LayerState::Off, true, Target::Others, true, Regen::Never};
+                                  L"HideReverse",
+                                  LayerState::Off,
+                                  true,
+                                  Target::Others,
+                                  true,
+                                  Regen::Never};
 const PickCommand g_freezePicked = {L"\n 选择要冻结图层上的实体<解冻所有图层>：",
-                                    L"FrozenReverse", LayerState::Frozen, true, Target::Picked, true, Regen::OnEnter};
+                                    L"FrozenReverse",
+                                    LayerState::Frozen,
+                                    true,
+                                    Target::Picked,
+                                    true,
+                                    Regen::OnEnter};
 const PickCommand g_freezeOthers = {L"\n 选择要保留解冻图层上的实体<解冻所有图层>：",
-                                    L"FrozenReverse", LayerState::Frozen, true, Target::Others, true, Regen::OnEnter};
+                                    L"FrozenReverse",
+                                    LayerState::Frozen,
+                                    true,
+                                    Target::Others,
+                                    true,
+                                    Regen::OnEnter};
 const PickCommand g_lockPicked = {L"\n 选择要锁定图层上的实体<解锁所有图层>：",
-                                  L"LockReverse", LayerState::Locked, true, Target::Picked, true, Regen::Always};
-const PickCommand g_lockOthers = {L"\n 选择要保留解锁图层上的实体<解锁所有图层>：", L"LockReverse", LayerState::Locked,
-                                  true, Target::OthersAfterReset, true, Regen::Always};
-const PickCommand g_unlockPicked = {L"\n 选择要解锁图层上的实体：",
-                                    nullptr, LayerState::Locked, false, Target::Picked, false, Regen::Always};
+                                  L"LockReverse",
+                                  LayerState::Locked,
+                                  true,
+                                  Target::Picked,
+                                  true,
+                                  Regen::Always};
+const PickCommand g_lockOthers = {L"\n 选择要保留解锁图层上的实体<解锁所有图层>：",
+                                  L"LockReverse",
+                                  LayerState::Locked,
+                                  true,
+                                  Target::OthersAfterReset,
+                                  true,
+                                  Regen::Always};
+const PickCommand g_unlockPicked = {
+    L"\n 选择要解锁图层上的实体：", nullptr, LayerState::Locked, false, Target::Picked, false, Regen::Always};
 
 void Regenerate()
 {

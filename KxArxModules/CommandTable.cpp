@@ -47,6 +47,8 @@ const CommandRow g_commands[] = {
     {L"KxListForzenLayer", L"KXKDJTC", M::CmdKxListForzenLayer, kModal},
     {L"KxListLockLayer", L"KXKSDTC", M::CmdKxListLockLayer, kModal},
     {L"KxLayerWalk", L"KXTCLL", M::CmdKxLayerWalk, kModal},
+    {L"KxAddToolTipToObject", L"KXTSWZ", M::CmdAddToolTipToObject, kUsesPickSet},
+    {L"KxRemoveToolTipToObject", L"KXRMTSWZ", M::CmdRemoveToolTipToObject, kUsesPickSet},
     {L"LoadProFromIni", L"KXLDP", M::CmdLoadProFromIni, kModal},
     {L"UnLoadProFromIni", L"KXULDP", M::CmdUnLoadProFromIni, kModal},
 };

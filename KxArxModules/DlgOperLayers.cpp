@@ -24,7 +24,8 @@ struct ColumnRow {
     int width;   // pixels
 };
 
-const ColumnRow g_columns[] = {{L"图层", 160}, {L"开关", 50}, {L"冻结", 50}, {L"锁定", 50}, {L"颜色", 50}, {L"线型", 110}};
+const ColumnRow g_columns[] = {{L"图层", 160}, {L"开关", 50}, {L"冻结", 50},
+                               {L"锁定", 50},  {L"颜色", 50}, {L"线型", 110}};
 
 const UINT g_listButtons[] = {IDC_APPLY_SELECTED, IDC_APPLY_ALL};
 const UINT g_walkButtons[] = {IDC_PREVIOUS, IDC_NEXT, IDC_SHOW_SELECTED, IDC_RESTORE};
@@ -40,8 +41,7 @@ ON_BN_CLICKED(IDC_SHOW_SELECTED, &CDlgOperLayers::OnShowSelected)
 ON_BN_CLICKED(IDC_RESTORE, &CDlgOperLayers::OnRestore)
 END_MESSAGE_MAP()
 
-CDlgOperLayers::CDlgOperLayers(Mode mode, CWnd* parent)
-    : CDialog(IDD_OPER_LAYERS, parent), m_mode(mode), m_layers(m_db)
+CDlgOperLayers::CDlgOperLayers(Mode mode, CWnd* parent) : CDialog(IDD_OPER_LAYERS, parent), m_mode(mode), m_layers(m_db)
 {
 }
 

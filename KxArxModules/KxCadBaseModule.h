@@ -1,5 +1,6 @@
 // The base command module: its start and stop, its hooks per drawing, and the handlers of its commands.
-// Commands stand in one table (CommandTable.cpp); a handler is found by its command's name in one of the Cmd*.cpp files.
+// Commands stand in one table (CommandTable.cpp); a handler is found by its command's name in one of the Cmd*.cpp
+// files.
 #pragma once
 #include "KxArxBase/ArxModuleRegManage.h"
 
@@ -66,6 +67,8 @@ public:
     static void CmdKxListForzenLayer();
     static void CmdKxListLockLayer();
     static void CmdKxLayerWalk();
+    static void CmdAddToolTipToObject();
+    static void CmdRemoveToolTipToObject();
     static void CmdLoadProFromIni();
     static void CmdUnLoadProFromIni();
 

@@ -1,7 +1,7 @@
+#include "db/core/Stub.h"
 #include "KxArxBase/KxAcDb.h"
 #include "KxArxBase/Opened.h"
 #include "TestUi.h"
-#include "db/core/Stub.h"
 #include <gtest/gtest.h>
 
 using namespace KxArxBase;

@@ -1,8 +1,8 @@
 #include "KxArxBase/KxAcDb.h"
+#include "db/core/Stub.h"
 #include "KxArxBase/KxMessages.h"
 #include "KxArxBase/Opened.h"
 #include "TestUi.h"
-#include "db/core/Stub.h"
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <memory>
@@ -44,18 +44,18 @@ protected:
 AcRxClass* const* Tables()
 {
     static AcRxClass* const tables[] = {
-        AcDbBlockTable::desc(),     AcDbDimStyleTable::desc(), AcDbLayerTable::desc(),
-        AcDbLinetypeTable::desc(),  AcDbTextStyleTable::desc(), AcDbRegAppTable::desc(),
-        AcDbUCSTable::desc(),       AcDbViewTable::desc(),     AcDbViewportTable::desc()};
+        AcDbBlockTable::desc(),    AcDbDimStyleTable::desc(),  AcDbLayerTable::desc(),
+        AcDbLinetypeTable::desc(), AcDbTextStyleTable::desc(), AcDbRegAppTable::desc(),
+        AcDbUCSTable::desc(),      AcDbViewTable::desc(),      AcDbViewportTable::desc()};
     return tables;
 }
 
 AcRxClass* const* Records()
 {
     static AcRxClass* const records[] = {
-        AcDbBlockTableRecord::desc(),     AcDbDimStyleTableRecord::desc(), AcDbLayerTableRecord::desc(),
-        AcDbLinetypeTableRecord::desc(),  AcDbTextStyleTableRecord::desc(), AcDbRegAppTableRecord::desc(),
-        AcDbUCSTableRecord::desc(),       AcDbViewTableRecord::desc(),     AcDbViewportTableRecord::desc()};
+        AcDbBlockTableRecord::desc(),    AcDbDimStyleTableRecord::desc(),  AcDbLayerTableRecord::desc(),
+        AcDbLinetypeTableRecord::desc(), AcDbTextStyleTableRecord::desc(), AcDbRegAppTableRecord::desc(),
+        AcDbUCSTableRecord::desc(),      AcDbViewTableRecord::desc(),      AcDbViewportTableRecord::desc()};
     return records;
 }
 
@@ -185,8 +185,12 @@ TEST_F(KxAcDbTest, BytesUnderAKeyComeBack)
         long length;
         std::vector<int> chunks;
     };
-    static const Row rows[] = {{0, {0}},         {1, {1}},           {125, {125}},
-                               {126, {126, 0}},  {127, {126, 1}},    {252, {126, 126, 0}},
+    static const Row rows[] = {{0, {0}},
+                               {1, {1}},
+                               {125, {125}},
+                               {126, {126, 0}},
+                               {127, {126, 1}},
+                               {252, {126, 126, 0}},
                                {300, {126, 126, 48}}};
     for (const Row& row : rows) {
         SCOPED_TRACE(row.length);
@@ -300,7 +304,8 @@ TEST_F(KxAcDbTest, BlockReferencesStandWhereTheyWerePut)
     EXPECT_EQ(reference->scaleFactors(), AcGeScale3d(2, 3, 1));
     EXPECT_DOUBLE_EQ(reference->rotation(), 0.5);
     EXPECT_EQ(reference->colorIndex(), 5);
-    EXPECT_EQ(db.BlockRef(L"窗", AcGePoint3d(), AcGeScale3d(), 0, 5, nullptr, nullptr, nullptr, &id), Acad::eKeyNotFound);
+    EXPECT_EQ(db.BlockRef(L"窗", AcGePoint3d(), AcGeScale3d(), 0, 5, nullptr, nullptr, nullptr, &id),
+              Acad::eKeyNotFound);
     EXPECT_TRUE(id.isNull());
 }
 

@@ -38,10 +38,10 @@ TEST(Messages, OwnStatusesHaveTheirNames)
         int value;
         const wchar_t* text;
     };
-    static const Row rows[] = {
-        {40000, L"KxAcad::eNoObject"},       {40001, L"KxAcad::eNoSectionsInDict"}, {40002, L"KxAcad::eNoApi"},
-        {40003, L"KxAcad::eApiAccessError"}, {40004, L"KxAcad::eNoModule"},         {40005, L"KxAcad::eWrongHookType"},
-        {40006, L"KxAcad::eFailRegCadHook"}, {40007, L"KxAcad::eFailRemoveCadHook"}};
+    static const Row rows[] = {{40000, L"KxAcad::eNoObject"},       {40001, L"KxAcad::eNoSectionsInDict"},
+                               {40002, L"KxAcad::eNoApi"},          {40003, L"KxAcad::eApiAccessError"},
+                               {40004, L"KxAcad::eNoModule"},       {40005, L"KxAcad::eWrongHookType"},
+                               {40006, L"KxAcad::eFailRegCadHook"}, {40007, L"KxAcad::eFailRemoveCadHook"}};
     for (const Row& row : rows)
         EXPECT_STREQ(KxAcadErrorStatusText(KxAcad::KxAcadError(row.value)), row.text);
     for (int foreign : {0, 3, 39999, 40008})
