@@ -3,13 +3,10 @@
 #include "../win/KxWinTypes.h"
 #include "AcApDocManagerReactor.h"
 #include "AcApDocument.h"
-#include <memory>
 
 class AcApDocManager : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcApDocManager);
-
-    ~AcApDocManager() override;
 
     AcApDocument* curDocument() const;         // of the code that runs now
     AcApDocument* mdiActiveDocument() const;   // of the user's input
@@ -19,7 +16,7 @@ public:
     int documentCount() const;
     bool isApplicationContext() const;   // no command runs
 
-    // Locks pile up: each one is taken back by one unlocking. eLockConflict where a writer bars the way.
+    // Locks pile up: each one is taken back by one unlocking. The end of a command takes back what it left.
     Acad::ErrorStatus lockDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kWrite,
                                    const ACHAR* globalCmdName = nullptr, const ACHAR* localCmdName = nullptr,
                                    bool prompt = true);
@@ -33,14 +30,13 @@ public:
     Acad::ErrorStatus sendStringToExecute(AcApDocument* document, const ACHAR* text, bool activate = true,
                                           bool wrapUpInactiveDoc = false, bool echo = true);
 
+    // eInvalidContext while a command runs; the drawing that comes up is the active one.
     Acad::ErrorStatus appContextNewDocument(const ACHAR* templateName);
     Acad::ErrorStatus appContextOpenDocument(const ACHAR* fileName);
     Acad::ErrorStatus newDocument();
     Acad::ErrorStatus openDocument();   // asks for the file
-    // Without saving.
+    // Without saving. eTargetDocNotQuiescent while a command runs in it.
     Acad::ErrorStatus closeDocument(AcApDocument* document);
-    // eNotApplicable while a command runs: opens a drawing in a document that becomes the active one.
-    Acad::ErrorStatus appContextCloseDocument(AcApDocument* document) { return closeDocument(document); }
 
     void addReactor(AcApDocManagerReactor* reactor);
     void removeReactor(AcApDocManagerReactor* reactor);
@@ -51,9 +47,7 @@ public:
 
 private:
     friend AcApDocManager* acDocManagerPtr();
-    AcApDocManager();
-    struct State;
-    std::unique_ptr<State> m_state;
+    AcApDocManager() = default;
 };
 
 AcApDocManager* acDocManagerPtr();

@@ -5,13 +5,15 @@
 #include <memory>
 
 class AcApDocManager;
+class AcApDocument;
 class AcDbDatabase;
 class AcEdInputPointManager;
-class AcTransactionManager;
 
 namespace KxPlat {
+class DocumentList;
 struct DocumentState;
-}
+DocumentState& StateOf(AcApDocument& document);
+}   // namespace KxPlat
 
 class AcApDocument : public AcRxObject {
 public:
@@ -56,7 +58,8 @@ public:
     AcDbDatabase* database() const;
     AcEdInputPointManager* inputPointManager() const;
 
-    // The strongest lock on the document; `includeMyLocks` counts the locks of the code that runs now.
+    // The strongest lock on the document, kNotLocked for none. All locks are those of the code that runs now, so that
+    // without `includeMyLocks` there never is any.
     AcAp::DocLockMode lockMode(bool includeMyLocks = false) const;
     AcAp::DocLockMode myLockMode() const;
     bool isQuiescent() const;   // no command runs in it
@@ -67,8 +70,8 @@ public:
     SaveFormat formatForSave() const;
 
 private:
-    friend class AcApDocManager;
-    friend KxPlat::DocumentState& KxPlat_StateOf(AcApDocument& document);
+    friend class KxPlat::DocumentList;
+    friend KxPlat::DocumentState& KxPlat::StateOf(AcApDocument& document);
     explicit AcApDocument(std::unique_ptr<KxPlat::DocumentState> state);
 
     std::unique_ptr<KxPlat::DocumentState> m_state;

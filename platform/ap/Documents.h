@@ -19,6 +19,7 @@ struct DocumentPart {
 
 struct QueuedText {
     std::wstring text;
+    bool activate = true;
     bool echo = true;
 };
 
@@ -33,8 +34,6 @@ struct DocumentState {
     std::vector<QueuedText> queue;
     std::map<std::type_index, std::unique_ptr<DocumentPart>> parts;
 };
-DocumentState& StateOf(AcApDocument& document);
-
 // The part of this type; made on first asking.
 template <class Part>
 Part& PartOf(AcApDocument& document)
@@ -56,7 +55,10 @@ Acad::ErrorStatus SaveDrawing(AcApDocument& document, const std::wstring& path, 
                               std::wstring& why);
 // The document takes another name: that of the file which it was saved to.
 void RenameDocument(AcApDocument& document, const std::wstring& path);
-std::vector<AcApDocument*> OpenDocuments();
+const std::vector<AcApDocument*>& OpenDocuments();   // in the order of opening
+// Makes another document the one that runs and that input goes to; null for none.
+void MakeCurrent(AcApDocument* document);
+void CloseAllDocuments();
 HINSTANCE ResourceHandle();   // the one pushed last; null for the host's own
 
 // Told after a document was added and before it goes; the editor passes it on to modules. One listener.
