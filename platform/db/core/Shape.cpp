@@ -74,8 +74,22 @@ uint32_t ShapeTable::SlowStep(const ClassSchema& schema, uint32_t node, int code
             return child;
         }
     }
-    ShapeNode wanted = Resolve(schema, node, code, text);
-    if (wanted.op == from.op && wanted.isForeign == from.isForeign && IsRun(wanted.op))
+    // The braces of an unknown application are one run, whatever stands in them, closing brace left out.
+    const bool leavesBraces = from.isInBraces && code == 102 && text == "}";
+    if (from.isInBraces && !leavesBraces)
+        return node;
+    ShapeNode wanted;
+    if (leavesBraces) {
+        wanted.code = 102;
+        wanted.op = Op::Other;
+        wanted.section = from.section;
+        wanted.isForeign = from.isForeign;
+    } else {
+        wanted = Resolve(schema, node, code, text);
+        wanted.isInBraces = wanted.op == Op::Other && code == 102 && !text.empty() && text[0] == '{';
+    }
+    if (wanted.op == from.op && wanted.isForeign == from.isForeign && wanted.isInBraces == from.isInBraces &&
+        IsRun(wanted.op))
         return node;
     if (from.depth >= kMostSteps) {
         if (from.op == Op::Other)
@@ -88,7 +102,8 @@ uint32_t ShapeTable::SlowStep(const ClassSchema& schema, uint32_t node, int code
     }
     if (wanted.op == Op::Other)
         for (uint32_t child = from.firstChild; child != 0; child = m_nodes[child].nextSibling)
-            if (m_nodes[child].op == Op::Other && m_nodes[child].isForeign == wanted.isForeign)
+            if (m_nodes[child].op == Op::Other && m_nodes[child].isForeign == wanted.isForeign &&
+                m_nodes[child].isInBraces == wanted.isInBraces)
                 return child;
     wanted.parent = node;
     wanted.depth = uint16_t(from.depth + 1);

@@ -47,6 +47,7 @@ struct ShapeNode {
     uint32_t predicted = 0;    // the child taken last
     uint32_t text = 0;         // of a marker or brace: index into the table of texts
     uint16_t depth = 0;
+    bool isInBraces = false;   // of a run: within the braces of an application that no class of ours knows
     bool isMarked = false;     // a subclass marker came before: groups belong to the section of the last one
     bool isForeign = false;    // ... which is one that the class does not have: its groups belong to no field
 };

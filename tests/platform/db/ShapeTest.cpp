@@ -98,7 +98,7 @@ std::string Joined(const std::vector<TextGroup>& groups)
     return text;
 }
 
-const std::vector<TextGroup> kUsual = {{5, "abc"},  {330, "1f"}, {100, "AcDbEntity"}, {8, "0"},  {100, "AcDbLine"},
+const std::vector<TextGroup> kUsual = {{5, "abc"},  {330, "12"}, {100, "AcDbEntity"}, {8, "0"},  {100, "AcDbLine"},
                                        {10, "1"},   {20, "2"},   {30, "3"},           {11, "4"}, {21, "5"},
                                        {31, "6"}};
 
@@ -109,18 +109,18 @@ TEST(Shape, GroupsComeBackInTheOrderOfTheFile)
     const std::vector<std::vector<TextGroup>> forms = {
         kUsual,
         // Defaults that the file spells out, groups unknown to a line, a second 10.
-        {{5, "abd"}, {330, "1f"}, {100, "AcDbEntity"}, {8, "0"}, {62, "256"}, {92, "7"}, {310, "AB"}, {310, "CD"},
+        {{5, "b01"}, {330, "12"}, {100, "AcDbEntity"}, {8, "0"}, {62, "256"}, {92, "7"}, {310, "AB"}, {310, "CD"},
          {100, "AcDbLine"}, {39, "0"}, {10, "1"}, {20, "2"}, {30, "3"}, {11, "4"}, {21, "5"}, {31, "6"}, {10, "9"},
          {77, "1"}, {210, "0"}, {220, "0"}, {230, "1"}},
         // No markers, no handle, layer last.
         {{10, "1"}, {20, "2"}, {11, "4"}, {21, "5"}, {8, "0"}},
         // Reactors, extension dictionary, another application's braces, extended data.
-        {{5, "abe"}, {102, "{ACAD_XDICTIONARY"}, {360, "20"}, {102, "}"}, {102, "{OTHER"}, {330, "5"}, {102, "}"},
-         {102, "{ACAD_REACTORS"}, {330, "21"}, {330, "22"}, {102, "}"}, {330, "1f"}, {100, "AcDbEntity"}, {8, "0"},
+        {{5, "b11"}, {102, "{ACAD_XDICTIONARY"}, {360, "20"}, {102, "}"}, {102, "{OTHER"}, {330, "5"}, {102, "}"},
+         {102, "{ACAD_REACTORS"}, {330, "21"}, {330, "22"}, {102, "}"}, {330, "12"}, {100, "AcDbEntity"}, {8, "0"},
          {100, "AcDbLine"}, {10, "1"}, {20, "2"}, {30, "3"}, {11, "4"}, {21, "5"}, {31, "6"}, {1001, "ACAD"},
          {1000, "x"}, {1070, "3"}},
         // A subclass that no class of ours has.
-        {{5, "abf"}, {330, "1f"}, {100, "AcDbEntity"}, {8, "0"}, {100, "AcDbStrange"}, {10, "7"}, {100, "AcDbLine"},
+        {{5, "b21"}, {330, "12"}, {100, "AcDbEntity"}, {8, "0"}, {100, "AcDbStrange"}, {10, "7"}, {100, "AcDbLine"},
          {10, "1"}, {20, "2"}, {30, "3"}, {11, "4"}, {21, "5"}, {31, "6"}},
     };
     AcDbDatabase database;
@@ -143,7 +143,7 @@ TEST(Shape, AChangeIsPutInAtItsPlace)
     open->setColorIndex(3);
     open->setThickness(0.5);
     open->close();
-    EXPECT_EQ(Written(*line, true, AcDb::kDHL_1015), "5 abc\n330 1f\n100 AcDbEntity\n8 0\n62 3\n100 AcDbLine\n39 0.5\n"
+    EXPECT_EQ(Written(*line, true, AcDb::kDHL_1015), "5 abc\n330 12\n100 AcDbEntity\n8 0\n62 3\n100 AcDbLine\n39 0.5\n"
                                                      "10 1\n20 2\n30 3\n11 4\n21 5\n31 6\n");
 }
 
