@@ -1,0 +1,84 @@
+// A filled or hatched area: loops in the plane of the normal and elevation, and the pattern.
+#pragma once
+#include "../ge/AcGePoint3dArray.h"
+#include "AcDbEntity.h"
+#include "core/GroupValue.h"
+#include <vector>
+
+class AcDbHatch : public AcDbEntity {
+public:
+    ACDB_DECLARE_MEMBERS(AcDbHatch);
+
+    enum HatchPatternType { kUserDefined = 0, kPreDefined = 1, kCustomDefined = 2 };
+    enum HatchStyle { kNormal = 0, kOuter = 1, kIgnore = 2 };
+    enum HatchLoopType {
+        kDefault = 0,
+        kExternal = 1,
+        kPolyline = 2,
+        kDerived = 4,
+        kTextbox = 8,
+        kOutermost = 0x10,
+        kNotClosed = 0x20,
+        kSelfIntersecting = 0x40,
+        kTextIsland = 0x80
+    };
+    enum HatchEdgeType { kLine = 1, kCirArc = 2, kEllArc = 3, kSpline = 4 };
+    enum HatchObjectType { kHatchObject = 0, kGradientObject = 1 };
+
+    double elevation() const { return m_elevation.z; }
+    Acad::ErrorStatus setElevation(double elevation);
+    AcGeVector3d normal() const { return m_normal; }
+    Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
+    ACHAR* patternName() const;   // the caller frees it with acutDelString
+    HatchPatternType patternType() const { return HatchPatternType(m_patternType); }
+    // Of the predefined patterns only "SOLID" brings its lines along.
+    Acad::ErrorStatus setPattern(HatchPatternType type, const ACHAR* name);
+    double patternAngle() const;   // radians
+    double patternScale() const { return m_patternScale; }
+    bool isSolidFill() const { return m_isSolid != 0; }
+    bool isGradient() const { return m_isGradient != 0; }
+    bool isHatch() const { return m_isGradient == 0; }
+    bool associative() const { return m_isAssociative != 0; }
+    HatchStyle hatchStyle() const { return HatchStyle(m_style); }
+    Acad::ErrorStatus setHatchStyle(HatchStyle style);
+
+    int numLoops() const;
+    Adesk::Int32 loopTypeAt(int index) const;   // 0 for an index that is none
+    // A loop of vertices and bulges. Of one that is made of edges the ends of its edges are the vertices, splines and
+    // elliptic arcs becoming rows of points.
+    Acad::ErrorStatus getLoopAt(int index, Adesk::Int32& loopType, AcGePoint2dArray& vertices,
+                                AcGeDoubleArray& bulges) const;
+    Acad::ErrorStatus appendLoop(Adesk::Int32 loopType, const AcGePoint2dArray& vertices,
+                                 const AcGeDoubleArray& bulges);
+    Acad::ErrorStatus removeLoopAt(int index);
+    Acad::ErrorStatus getAssocObjIds(AcDbObjectIdArray& ids) const;
+    Acad::ErrorStatus getArea(double& area) const;
+
+    bool isPlanar() const override { return true; }
+    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
+    Acad::ErrorStatus getEcs(AcGeMatrix3d& ecs) const override;
+
+private:
+    // The groups of one loop within m_loops.
+    bool FindLoop(int index, size_t& begin, size_t& end) const;
+
+    AcGePoint3d m_elevation;
+    AcGeVector3d m_normal{0, 0, 1};
+    CString m_patternName;
+    KxPlat::GroupList m_loops;          // 92 begins each loop
+    KxPlat::GroupList m_patternLines;   // 53 begins each line of the pattern
+    KxPlat::GroupList m_gradientColors;
+    std::vector<AcGePoint2d> m_seeds;
+    CString m_gradientName;
+    double m_patternAngle = 0;   // degrees
+    double m_patternScale = 1;
+    double m_pixelSize = 0;
+    double m_gradientAngle = 0, m_gradientShift = 0, m_gradientTint = 0;
+    int32_t m_isGradient = 0, m_gradientReserved = 0, m_isOneColor = 0, m_gradientColorCount = 0;
+    int16_t m_isSolid = 0;
+    int16_t m_isAssociative = 0;
+    int16_t m_style = 0;
+    int16_t m_patternType = 1;
+    int16_t m_isDouble = 0;
+};
