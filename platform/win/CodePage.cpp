@@ -42,6 +42,13 @@ unsigned Resolved(unsigned codePage)
     return codePage == 0 || codePage == 1 || codePage == 3 ? AnsiCodePage() : codePage;
 }
 
+// Null for UTF-8, which also stands for code pages that are unknown.
+const CodeTable* TableOf(unsigned codePage)
+{
+    codePage = Resolved(codePage);
+    return codePage == kUtf8 ? nullptr : FindCodeTable(codePage);
+}
+
 size_t AsciiRun(std::string_view bytes, size_t from)
 {
     size_t end = from;
@@ -133,8 +140,7 @@ void DecodeTable(const CodeTable& table, std::string_view bytes, std::wstring& o
 template <class Wrong>
 void DecodeAny(unsigned codePage, std::string_view bytes, std::wstring& out, Wrong wrong)
 {
-    codePage = Resolved(codePage);
-    const CodeTable* table = codePage == kUtf8 ? nullptr : FindCodeTable(codePage);
+    const CodeTable* table = TableOf(codePage);
     out.reserve(out.size() + bytes.size());
     if (table != nullptr)
         DecodeTable(*table, bytes, out, wrong);
@@ -153,10 +159,15 @@ unsigned JoinPair(unsigned high, unsigned low)
     return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
 }
 
-bool AppendTable(const CodeTable& table, wchar_t character, std::string& out)
+// Without a table in UTF-8.
+bool AppendChar(const CodeTable* table, wchar_t character, std::string& out)
 {
     const auto value = static_cast<unsigned>(character);
-    const uint16_t bytes = value < 0x10000 ? table.back[value] : 0;
+    if (table == nullptr) {
+        AppendUtf8(value, out);
+        return true;
+    }
+    const uint16_t bytes = value < 0x10000 ? table->back[value] : 0;
     if (bytes == 0 && value != 0)
         return false;
     if (bytes >= 0x100)
@@ -214,8 +225,7 @@ unsigned CodePageOf(std::string_view name)
 
 bool IsLeadByte(unsigned codePage, unsigned char byte)
 {
-    codePage = Resolved(codePage);
-    const CodeTable* table = codePage == kUtf8 ? nullptr : FindCodeTable(codePage);
+    const CodeTable* table = TableOf(codePage);
     return table != nullptr && table->lead[byte];
 }
 
@@ -241,8 +251,7 @@ std::wstring FromUtf8(std::string_view bytes)
 
 std::wstring Decode(unsigned codePage, std::string_view bytes)
 {
-    codePage = Resolved(codePage);
-    const wchar_t substitute = codePage != kUtf8 && FindCodeTable(codePage) != nullptr ? L'?' : L'\xFFFD';
+    const wchar_t substitute = TableOf(codePage) != nullptr ? L'?' : L'\xFFFD';
     std::wstring out;
     DecodeAny(codePage, bytes, out, [substitute](std::string_view wrong, std::wstring& text) {
         text += substitute;
@@ -253,23 +262,18 @@ std::wstring Decode(unsigned codePage, std::string_view bytes)
 
 bool EncodeChar(unsigned codePage, wchar_t character, std::string& out)
 {
-    codePage = Resolved(codePage);
-    const CodeTable* table = codePage == kUtf8 ? nullptr : FindCodeTable(codePage);
-    if (table != nullptr)
-        return AppendTable(*table, character, out);
-    AppendUtf8(static_cast<unsigned>(character), out);
-    return true;
+    return AppendChar(TableOf(codePage), character, out);
 }
 
 std::string Encode(unsigned codePage, std::wstring_view text)
 {
-    codePage = Resolved(codePage);
-    if (codePage == kUtf8 || FindCodeTable(codePage) == nullptr)
+    const CodeTable* table = TableOf(codePage);
+    if (table == nullptr)
         return ToUtf8(text);
     std::string out;
     out.reserve(text.size());
     for (wchar_t character : text) {
-        if (!EncodeChar(codePage, character, out))
+        if (!AppendChar(table, character, out))
             out += '?';
     }
     return out;
@@ -292,7 +296,7 @@ std::wstring DecodeLossless(unsigned codePage, std::string_view bytes)
 
 void EncodeLossless(unsigned codePage, std::wstring_view text, std::string& out, const UnmappedWriter& unmapped)
 {
-    codePage = Resolved(codePage);
+    const CodeTable* table = TableOf(codePage);
     for (size_t at = 0; at < text.size(); ++at) {
         wchar_t character = text[at];
         if (character < 0x80) {
@@ -309,7 +313,7 @@ void EncodeLossless(unsigned codePage, std::wstring_view text, std::string& out,
             continue;
         }
         const bool surrogate = character >= 0xD800 && character < 0xE000;
-        if (!surrogate && EncodeChar(codePage, character, out))
+        if (!surrogate && AppendChar(table, character, out))
             continue;
         if (unmapped)
             unmapped(character, out);

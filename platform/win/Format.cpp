@@ -239,9 +239,10 @@ uint64_t Formatter::Unsigned(const Spec& spec)
 
 std::wstring DigitsOf(uint64_t value, unsigned base, bool capital)
 {
+    const std::wstring_view symbols = capital ? L"0123456789ABCDEF" : L"0123456789abcdef";
     std::wstring digits;
     for (; value != 0; value /= base)
-        digits.insert(digits.begin(), (capital ? L"0123456789ABCDEF" : L"0123456789abcdef")[value % base]);
+        digits.insert(digits.begin(), symbols[value % base]);
     return digits;
 }
 

@@ -5,10 +5,7 @@
 #pragma once
 #include <string>
 
-#define KX_OWN_VERSION(text)                                                                                           \
-    extern "C" {                                                                                                       \
-    __attribute__((section(".kxversion"), used)) extern const char kxOwnVersion[] = text;                              \
-    }
+#define KX_OWN_VERSION(text) __attribute__((section(".kxversion"), used)) static const char kxOwnVersion[] = text;
 
 namespace KxPlat {
 
