@@ -20,68 +20,25 @@ namespace {
 
 enum class LayerState { Off, Frozen, Locked };
 
-enum class Target {
-    Picked,            // the layers of the picked objects
-    Others,            // all others that are on and thawed
-    OthersAfterReset   // the same, once every layer has lost the state; locked ones are left out
-};
+// When a command that sets or takes away a state regenerates the drawing.
+enum class Regen { Never, OnReset, Always };
 
-enum class Regen { Never, OnEnter, Always };
-
-struct PickCommand {
-    const wchar_t* prompt;
-    const wchar_t* record;   // LISP variable of the reversal record; null: none is kept
+struct LayerKind {
     LayerState state;
-    bool value;   // what the picked layers get
-    Target target;
-    bool hasDefault;   // Enter takes the state away from all layers
+    const wchar_t* record;   // LISP variable of the reversal record
     Regen regen;
 };
 
-const PickCommand g_hidePicked = {L"\n 选择要关闭图层上的实体<显示所有图层>：",
-                                  L"HideReverse",
-                                  LayerState::Off,
-                                  true,
-                                  Target::Picked,
-                                  true,
-                                  Regen::Never};
-const PickCommand g_hideOthers = {L"\n 选择要保留显示图层上的实体<显示所有图层>：",
-                                  L"HideReverse",
-                                  LayerState::Off,
-                                  true,
-                                  Target::Others,
-                                  true,
-                                  Regen::Never};
-const PickCommand g_freezePicked = {L"\n 选择要冻结图层上的实体<解冻所有图层>：",
-                                    L"FrozenReverse",
-                                    LayerState::Frozen,
-                                    true,
-                                    Target::Picked,
-                                    true,
-                                    Regen::OnEnter};
-const PickCommand g_freezeOthers = {L"\n 选择要保留解冻图层上的实体<解冻所有图层>：",
-                                    L"FrozenReverse",
-                                    LayerState::Frozen,
-                                    true,
-                                    Target::Others,
-                                    true,
-                                    Regen::OnEnter};
-const PickCommand g_lockPicked = {L"\n 选择要锁定图层上的实体<解锁所有图层>：",
-                                  L"LockReverse",
-                                  LayerState::Locked,
-                                  true,
-                                  Target::Picked,
-                                  true,
-                                  Regen::Always};
-const PickCommand g_lockOthers = {L"\n 选择要保留解锁图层上的实体<解锁所有图层>：",
-                                  L"LockReverse",
-                                  LayerState::Locked,
-                                  true,
-                                  Target::OthersAfterReset,
-                                  true,
-                                  Regen::Always};
-const PickCommand g_unlockPicked = {
-    L"\n 选择要解锁图层上的实体：", nullptr, LayerState::Locked, false, Target::Picked, false, Regen::Always};
+const LayerKind g_hide = {LayerState::Off, L"HideReverse", Regen::Never};
+const LayerKind g_freeze = {LayerState::Frozen, L"FrozenReverse", Regen::OnReset};
+const LayerKind g_lock = {LayerState::Locked, L"LockReverse", Regen::Always};
+
+enum class Target {
+    Picked,             // sets the state on the layers of the picked objects
+    Others,             // sets it on all others that are on and thawed
+    OthersAfterReset,   // the same, once every layer has lost the state; locked ones are left out
+    Release             // takes it away from the layers of the picked objects: no default, no record
+};
 
 void Regenerate()
 {
@@ -110,77 +67,73 @@ void ResetAll(CKxAcDb& db, LayerState state)
 
 Acad::ErrorStatus LayersToSet(CKxAcDb& db, Target target, const AcDbObjectIdArray& picked, CStringArray& names)
 {
-    if (target == Target::Picked)
+    if (target == Target::Picked || target == Target::Release)
         return db.GetEntityLayers(picked, names);
     return KxCadBaseModule::GetNoSelectLayers(picked, names, 0, 0, target == Target::Others ? 1 : 0);
 }
 
 // Sets the layers one by one and tells them in `record`; false when the record cannot be built.
-bool SetAndRecord(CKxAcDb& db, const PickCommand& command, const CStringArray& names, ResBufChain& record)
+bool SetAndRecord(CKxAcDb& db, LayerState state, bool value, const CStringArray& names, ResBufChain& record)
 {
     if (!record.Append(acutBuildList(RTLB, 0)))
         return false;
     for (INT_PTR i = 0; i < names.GetSize(); ++i) {
         const CString name = names.GetAt(i);
-        SetState(db, name, command.state, command.value);
+        SetState(db, name, state, value);
         if (!record.Append(acutBuildList(RTSTR, name.GetString(), RTSHORT, 1, 0)))
             return false;
     }
     return record.Append(acutBuildList(RTLE, 0));
 }
 
-void TakeDefault(CKxAcDb& db, const PickCommand& command)
+void TakeAway(CKxAcDb& db, const LayerKind& kind)
 {
-    if (!command.hasDefault)
-        return;
-    ResetAll(db, command.state);
-    if (command.regen != Regen::Never)
+    ResetAll(db, kind.state);
+    if (kind.regen != Regen::Never)
         Regenerate();
 }
 
-void Run(const PickCommand& command)
+void Pick(const LayerKind& kind, Target target, const wchar_t* prompt)
 {
     CKxAcDb db;
     const DocumentLock lock(db);
     AcDbObjectIdArray picked;
-    const int answer = KxArxBase::Gi::PickEntity(command.prompt, picked);
-    if (answer == RTNONE)
-        return TakeDefault(db, command);
+    const int answer = KxArxBase::Gi::PickEntity(prompt, picked);
+    if (answer == RTNONE && target != Target::Release)
+        return TakeAway(db, kind);
     if (answer != RTNORM)
         return;
-    if (command.target == Target::OthersAfterReset)
-        ResetAll(db, command.state);
+    if (target == Target::OthersAfterReset)
+        ResetAll(db, kind.state);
     CStringArray names;
-    if (LayersToSet(db, command.target, picked, names) != Acad::eOk)
+    if (LayersToSet(db, target, picked, names) != Acad::eOk)
         return;
     ResBufChain record;
-    if (!SetAndRecord(db, command, names, record))
+    if (!SetAndRecord(db, kind.state, target != Target::Release, names, record))
         return;
-    if (command.record != nullptr)
-        acedPutSym(command.record, record.get());
-    if (command.regen == Regen::Always)
+    if (target != Target::Release)
+        acedPutSym(kind.record, record.get());
+    if (kind.regen == Regen::Always)
         Regenerate();
 }
 
-void ShowAll(LayerState state, bool regen)
+void ShowAll(const LayerKind& kind)
 {
     CKxAcDb db;
     const DocumentLock lock(db);
-    ResetAll(db, state);
-    if (regen)
-        Regenerate();
+    TakeAway(db, kind);
 }
 
-void Reverse(const wchar_t* record, LayerState state)
+void Reverse(const LayerKind& kind)
 {
     CKxAcDb db;
     const DocumentLock lock(db);
     resbuf* list = nullptr;
-    acedGetSym(record, &list);
+    acedGetSym(kind.record, &list);
     const ResBufChain owner(list);
-    KxCadBaseModule::LayerReverse(list, state == LayerState::Off, state == LayerState::Frozen,
-                                  state == LayerState::Locked);
-    acedPutSym(record, list);
+    KxCadBaseModule::LayerReverse(list, kind.state == LayerState::Off, kind.state == LayerState::Frozen,
+                                  kind.state == LayerState::Locked);
+    acedPutSym(kind.record, list);
     Regenerate();
 }
 
@@ -239,67 +192,67 @@ Acad::ErrorStatus KxCadBaseModule::GetNoSelectLayers(const AcArray<AcDbObjectId>
 
 void KxCadBaseModule::CmdHidePickObjectLayer()
 {
-    Run(g_hidePicked);
+    Pick(g_hide, Target::Picked, L"\n 选择要关闭图层上的实体<显示所有图层>：");
 }
 
 void KxCadBaseModule::CmdHideNoPickObjectLayer()
 {
-    Run(g_hideOthers);
+    Pick(g_hide, Target::Others, L"\n 选择要保留显示图层上的实体<显示所有图层>：");
 }
 
 void KxCadBaseModule::CmdFrozenPickObjectLayer()
 {
-    Run(g_freezePicked);
+    Pick(g_freeze, Target::Picked, L"\n 选择要冻结图层上的实体<解冻所有图层>：");
 }
 
 void KxCadBaseModule::CmdFrozenNoPickObjectLayer()
 {
-    Run(g_freezeOthers);
+    Pick(g_freeze, Target::Others, L"\n 选择要保留解冻图层上的实体<解冻所有图层>：");
 }
 
 void KxCadBaseModule::CmdLockPickLayer()
 {
-    Run(g_lockPicked);
+    Pick(g_lock, Target::Picked, L"\n 选择要锁定图层上的实体<解锁所有图层>：");
 }
 
 void KxCadBaseModule::CmdLockNoPickLayer()
 {
-    Run(g_lockOthers);
+    Pick(g_lock, Target::OthersAfterReset, L"\n 选择要保留解锁图层上的实体<解锁所有图层>：");
 }
 
 void KxCadBaseModule::CmdUnLockPickLayer()
 {
-    Run(g_unlockPicked);
+    Pick(g_lock, Target::Release, L"\n 选择要解锁图层上的实体：");
 }
 
 void KxCadBaseModule::CmdShowAllLayer()
 {
-    ShowAll(LayerState::Off, false);
+    ShowAll(g_hide);
 }
 
 void KxCadBaseModule::CmdUnFrozenAllLayer()
 {
-    ShowAll(LayerState::Frozen, true);
+    ShowAll(g_freeze);
 }
 
 void KxCadBaseModule::CmdUnLockAllLayer()
 {
-    ShowAll(LayerState::Locked, true);
+    ShowAll(g_lock);
 }
 
 void KxCadBaseModule::CmdReverseHidePickLayer()
 {
-    Reverse(L"HideReverse", LayerState::Off);
+    Reverse(g_hide);
 }
 
 void KxCadBaseModule::CmdReverseFrozenPickLayer()
 {
-    Reverse(L"FrozenReverse", LayerState::Frozen);
+    Reverse(g_freeze);
 }
 
 void KxCadBaseModule::CmdReverseLockPickLayer()
 {
-    Reverse(L"LockReverse", LayerState::Locked);
+    Reverse(g_lock);
 }
 
 }   // namespace KxArxModules
