@@ -88,6 +88,11 @@ CString& CString::operator=(wchar_t character)
 
 // --- memory -----------------------------------------------------------------------------------------------------
 
+void CString::Free(Header* head)
+{
+    std::free(head);
+}
+
 wchar_t* CString::Allocate(int capacity)
 {
     constexpr int kMost = (INT_MAX - int(sizeof(Header))) / int(sizeof(wchar_t)) - 1;

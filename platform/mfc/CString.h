@@ -155,8 +155,9 @@ private:
     {
         Header* head = Head();
         if (head->references != 0 && --head->references <= 0)
-            std::free(head);
+            Free(head);
     }
+    static void Free(Header* head);
     wchar_t* Writable(int capacity);   // unshared, with room for `capacity` characters; keeps the text
     void SetLength(int length);
 
