@@ -96,7 +96,7 @@ public:
     AcArray& removeAt(int index) { return removeSubArray(index, index); }
     bool remove(const T& value, int start = 0)
     {
-        const int index = find(value, start);
+        const int index = findFrom(value, start);
         if (index < 0)
             return false;
         removeAt(index);
@@ -113,9 +113,10 @@ public:
         return setLogicalLength(m_logicalLength - (endIndex - startIndex + 1));
     }
 
-    bool contains(const T& value, int start = 0) const { return find(value, start) >= 0; }
+    bool contains(const T& value, int start = 0) const { return findFrom(value, start) >= 0; }
     // -1 when there is none.
-    int find(const T& value, int start = 0) const
+    int find(const T& value) const { return findFrom(value, 0); }
+    int findFrom(const T& value, int start) const
     {
         for (int index = start; index < m_logicalLength; ++index) {
             if (m_items[size_t(index)] == value)
@@ -125,7 +126,7 @@ public:
     }
     bool find(const T& value, int& foundAt, int start = 0) const
     {
-        const int index = find(value, start);
+        const int index = findFrom(value, start);
         if (index >= 0)
             foundAt = index;
         return index >= 0;
