@@ -28,12 +28,12 @@ AcRx::AppRetCode Answer(bool succeeded)
 
 CArxModuleRegManage::CArxModuleRegManage()
 {
-    SetInstance(nullptr);
+    CArxModuleRegManage::SetInstance(nullptr);
 }
 
 CArxModuleRegManage::CArxModuleRegManage(HINSTANCE h)
 {
-    SetInstance(h);
+    CArxModuleRegManage::SetInstance(h);
 }
 
 CArxModuleRegManage::~CArxModuleRegManage() = default;

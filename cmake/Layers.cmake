@@ -24,7 +24,7 @@ endfunction()
 
 # A module of the family: an ELF shared object named NAME.arx that unloads completely.
 function(kx_add_module name)
-  add_library(${name} MODULE ${ARGN})
+  add_library(${name} MODULE ${ARGN} ${PROJECT_SOURCE_DIR}/platform/module/ApiVersion.cpp)
   kx_module_code(${name})
   set_target_properties(${name} PROPERTIES PREFIX "" SUFFIX ".arx")
   target_link_options(${name} PRIVATE -Wl,-Bsymbolic)
