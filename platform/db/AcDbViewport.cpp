@@ -13,7 +13,7 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbViewport, AcDbEntity, 0, 0, 0, VIEWPORT, AcDb)
 const ClassSchema& AcDbViewport::fieldSchema()
 {
     using View = AcDbViewport;
-    static const IdList<View> frozen(331, &View::m_frozenLayers);
+    static const IdListField<View> frozen(331, &View::m_frozenLayers);
     const auto new15 = [](Field field) {
         field.sinceVersion = AcDb::kDHL_1015;
         field.isAlways = true;

@@ -38,9 +38,9 @@ ClassSchema::ClassSchema(const ClassSchema* parent, const char* dxfName, const c
             m_sections.back().fields.push_back(std::move(field));
 }
 
-int ClassSchema::SectionOf(std::string_view marker) const
+int ClassSchema::SectionOf(std::string_view marker, int first) const
 {
-    for (size_t i = 1; i < m_sections.size(); ++i)
+    for (size_t i = size_t(first); i < m_sections.size(); ++i)
         if (marker == m_sections[i].marker)
             return int(i);
     return -1;

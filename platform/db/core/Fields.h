@@ -208,8 +208,8 @@ public:
 
     const char* dxfName() const { return m_dxfName; }
     const std::vector<Section>& sections() const { return m_sections; }
-    // -1 when the class has no such marker.
-    int SectionOf(std::string_view marker) const;
+    // -1 when the class has no such marker from section `first` on. A marker may stand in a class twice.
+    int SectionOf(std::string_view marker, int first = 1) const;
     // The group that holds an object's own handle: 105 where 5 has an older meaning.
     int handleCode() const { return m_handleCode; }
     int number() const { return m_number; }   // counts the schemas of the process, for tables beside them

@@ -1,39 +1,37 @@
-// A list field over a vector of object ids, one handle group for each.
+// A list of ids under one group code.
 #pragma once
 #include "Fields.h"
-#include <vector>
 
 namespace KxPlat {
 
 template <class C>
-class IdList : public ListField {
+class IdListField : public ListField {
 public:
-    IdList(int code, std::vector<AcDbObjectId> C::*member) : m_code(code), m_member(member) {}
+    IdListField(int code, std::vector<AcDbObjectId> C::*member) : m_code(code), m_member(member) {}
 
     bool Starts(int code) const override { return code == m_code; }
     bool Continues(int code) const override { return code == m_code; }
-    void Put(AcDbObject& object, const GroupValue& group) const override
-    {
-        (static_cast<C&>(object).*m_member).push_back(group.id());
-    }
+    void Put(AcDbObject& object, const GroupValue& group) const override { Of(object).push_back(group.id()); }
     void Get(const AcDbObject& object, GroupSink& sink, AcDb::AcDbDwgVersion) const override
     {
-        for (const AcDbObjectId& id : static_cast<const C&>(object).*m_member)
+        for (AcDbObjectId id : static_cast<const C&>(object).*m_member)
             sink.Id(m_code, id);
     }
     void Copy(AcDbObject& to, const AcDbObject& from) const override
     {
-        static_cast<C&>(to).*m_member = static_cast<const C&>(from).*m_member;
+        Of(to) = static_cast<const C&>(from).*m_member;
     }
     bool IsEmpty(const AcDbObject& object) const override { return (static_cast<const C&>(object).*m_member).empty(); }
-    void Clear(AcDbObject& object) const override { (static_cast<C&>(object).*m_member).clear(); }
+    void Clear(AcDbObject& object) const override { Of(object).clear(); }
     void Visit(AcDbObject& object, const ReferenceVisitor& visitor) const override
     {
-        for (AcDbObjectId& id : static_cast<C&>(object).*m_member)
+        for (AcDbObjectId& id : Of(object))
             visitor(id, ReferenceOfGroup(m_code));
     }
 
 private:
+    std::vector<AcDbObjectId>& Of(AcDbObject& object) const { return static_cast<C&>(object).*m_member; }
+
     int m_code;
     std::vector<AcDbObjectId> C::*m_member;
 };

@@ -14,17 +14,28 @@ Resolved OpOf(const Field& field)
     if (field.isCount)
         return {Op::Count, 1};
     switch (field.type) {
-    case FieldType::Int16: return {Op::Int16, 1};
-    case FieldType::Int32: return {Op::Int32, 1};
-    case FieldType::Int64: return {Op::Int64, 1};
-    case FieldType::Real: return {Op::Real, 1};
-    case FieldType::Point2: return {Op::Real, 2};
-    case FieldType::Point3: return {Op::Real, 3};
-    case FieldType::Text: return {Op::Text, 1};
-    case FieldType::Id: return {Op::Id, 1};
-    case FieldType::Name: return {Op::Name, 1};
-    case FieldType::Bytes: return {Op::Bytes, 1};
-    case FieldType::List: return {Op::List, 0};
+    case FieldType::Int16:
+        return {Op::Int16, 1};
+    case FieldType::Int32:
+        return {Op::Int32, 1};
+    case FieldType::Int64:
+        return {Op::Int64, 1};
+    case FieldType::Real:
+        return {Op::Real, 1};
+    case FieldType::Point2:
+        return {Op::Real, 2};
+    case FieldType::Point3:
+        return {Op::Real, 3};
+    case FieldType::Text:
+        return {Op::Text, 1};
+    case FieldType::Id:
+        return {Op::Id, 1};
+    case FieldType::Name:
+        return {Op::Name, 1};
+    case FieldType::Bytes:
+        return {Op::Bytes, 1};
+    case FieldType::List:
+        return {Op::List, 0};
     }
     return {Op::Other, 0};
 }
@@ -161,6 +172,22 @@ bool ShapeTable::FindField(const ClassSchema& schema, uint32_t node, int section
     return false;
 }
 
+// Some files leave out the second of two equal markers, or the one between the common groups and the geometry.
+bool ShapeTable::FindMisplaced(const ClassSchema& schema, uint32_t node, int code, ShapeNode& found) const
+{
+    const std::string_view marker = schema.sections()[m_nodes[node].section].marker;
+    const bool isGeometry = (code >= 10 && code < 60) || (code >= 210 && code < 240);
+    for (int section = m_nodes[node].section + 1; section < int(schema.sections().size()); ++section) {
+        const Section& later = schema.sections()[size_t(section)];
+        const bool isWhole =
+            !later.fields.empty() && later.fields.back().list != nullptr && later.fields.back().list->TakesAll();
+        const bool isMeant = marker == later.marker || (marker == "AcDbEntity" && isGeometry && !isWhole);
+        if (isMeant && FindField(schema, node, section, code, found))
+            return true;
+    }
+    return false;
+}
+
 ShapeNode ShapeTable::Resolve(const ClassSchema& schema, uint32_t node, int code, std::string_view text)
 {
     const ShapeNode from = m_nodes[node];
@@ -186,15 +213,15 @@ ShapeNode ShapeTable::Resolve(const ClassSchema& schema, uint32_t node, int code
         return wanted;
     }
     if (code == 100) {
-        const int section = schema.SectionOf(text);
+        int section = schema.SectionOf(text);
         ShapeNode marker = wanted;
         marker.op = Op::Marker;
-        marker.section = uint8_t(section);
         marker.isForeign = false;
-        if (section <= 0 || IsTaken(node, marker)) {
-            wanted.isForeign = section <= 0;
+        wanted.isForeign = section < 0;
+        for (marker.section = uint8_t(section); section > 0 && IsTaken(node, marker); marker.section = uint8_t(section))
+            section = schema.SectionOf(text, section + 1);
+        if (section < 0)
             return wanted;
-        }
         marker.text = TextIndex(text);
         return marker;
     }
@@ -231,8 +258,8 @@ ShapeNode ShapeTable::Resolve(const ClassSchema& schema, uint32_t node, int code
     wanted.op = Op::Other;
     wanted.section = from.section;
     if (from.isMarked) {
-        if (from.section != 0)
-            FindField(schema, node, from.section, code, wanted);
+        if (from.section != 0 && !FindField(schema, node, from.section, code, wanted))
+            FindMisplaced(schema, node, code, wanted);
         return wanted;
     }
     // Files without subclass markers: a group belongs to the first section that has a member for it.

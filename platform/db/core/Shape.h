@@ -81,6 +81,7 @@ private:
     ShapeNode Resolve(const ClassSchema& schema, uint32_t node, int code, std::string_view text);
     bool IsTaken(uint32_t node, const ShapeNode& wanted) const;
     bool FindField(const ClassSchema& schema, uint32_t node, int section, int code, ShapeNode& found) const;
+    bool FindMisplaced(const ClassSchema& schema, uint32_t node, int code, ShapeNode& found) const;
     uint32_t TextIndex(std::string_view text);
 
     std::vector<ShapeNode> m_nodes;
