@@ -1,5 +1,6 @@
 #include "AcApDocument.h"
 #include "../db/AcDbDatabase.h"
+#include "../db/core/DbCore.h"
 #include "DocumentList.h"
 #include <algorithm>
 
