@@ -20,8 +20,10 @@ public:
         auto& entries = static_cast<AcDbDictionary&>(object).m_entries;
         if (group.code == 3)
             entries.push_back({group.text(), AcDbObjectId()});
-        else if (!entries.empty() && entries.back().id.isNull())
+        else if (!entries.empty() && entries.back().id.isNull()) {
             entries.back().id = group.id();
+            entries.back().code = group.code;
+        }
     }
     void Get(const AcDbObject& object, GroupSink& sink, AcDb::AcDbDwgVersion) const override
     {
@@ -31,7 +33,7 @@ public:
             if (stub != nullptr && stub->erased)
                 continue;
             sink.Text(3, entry.name);
-            sink.Id(dictionary.m_isHard != 0 ? 360 : 350, entry.id);
+            sink.Id(CodeOf(dictionary, entry), entry.id);
         }
     }
     void Copy(AcDbObject& to, const AcDbObject& from) const override
@@ -47,7 +49,13 @@ public:
     {
         AcDbDictionary& dictionary = static_cast<AcDbDictionary&>(object);
         for (AcDbDictionary::Entry& entry : dictionary.m_entries)
-            visitor(entry.id, dictionary.m_isHard != 0 ? Reference::HardOwner : Reference::SoftOwner);
+            visitor(entry.id, ReferenceOfGroup(CodeOf(dictionary, entry)));
+    }
+
+private:
+    static int CodeOf(const AcDbDictionary& dictionary, const AcDbDictionary::Entry& entry)
+    {
+        return entry.code != 0 ? entry.code : dictionary.m_isHard != 0 ? 360 : 350;
     }
 };
 
@@ -217,8 +225,11 @@ bool AcDbDictionary::setName(const ACHAR* oldName, const ACHAR* newName)
 
 void AcDbDictionary::setTreatElementsAsHard(bool hard)
 {
-    if (assertWriteEnabled() == Acad::eOk)
-        m_isHard = hard;
+    if (assertWriteEnabled() != Acad::eOk)
+        return;
+    m_isHard = hard;
+    for (Entry& entry : m_entries)
+        entry.code = 0;
 }
 
 void AcDbDictionary::setMergeStyle(AcDb::DuplicateRecordCloning style)

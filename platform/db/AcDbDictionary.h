@@ -57,6 +57,7 @@ public:
     struct Entry {
         CString name;
         AcDbObjectId id;
+        int16_t code = 0;   // 350 or 360 where the file says so; 0: as the dictionary treats its elements
     };
     // In file order; entries of erased objects are still there.
     const std::vector<Entry>& entries() const { return m_entries; }

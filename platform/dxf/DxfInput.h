@@ -69,6 +69,7 @@ public:
         bool isMore = false;
         while ((isMore = tags.Next()) && tags.code() != 0)
             groups.push_back(source.Value(core));
+        source.MoveSpellings(nullptr, core.form.spellings);
         GiveBack();
         return isMore;
     }
@@ -180,11 +181,9 @@ void DxfInput<Tags>::NumberAll()
 template <class Tags>
 void DxfInput<Tags>::KeepSpellings(const AcDbStub* stub, AcDbStub* owner)
 {
-    for (auto& [code, name] : source.spellings())
-        core.form.spellings.push_back({stub, int16_t(code), std::move(name), nullptr});
-    source.spellings().clear();
+    source.MoveSpellings(stub, core.form.spellings);
     if (m_reader.owner() != nullptr && m_reader.owner() != owner)
-        core.form.spellings.push_back({stub, 330, CString(), m_reader.owner()});
+        core.form.spellings.push_back({stub, 330, CString(), CString(), m_reader.owner()});
 }
 
 template <class Tags>

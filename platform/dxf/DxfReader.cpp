@@ -144,6 +144,7 @@ bool DxfReader<Tags>::ReadHeader()
             variable->groups.push_back(m_in.source.Value(m_in.core));
         }
     }
+    m_in.source.MoveSpellings(nullptr, m_in.core.form.spellings);
     return isMore;
 }
 

@@ -12,7 +12,11 @@ namespace KxPlat {
 template <class Writer>
 class DxfSink final : public GroupSink {
 public:
-    DxfSink(Writer& writer, const TextCodec& codec, const DbCore& core) : m_writer(writer), m_codec(codec), m_core(core) {}
+    // `isSameForm`: the file is of the version that the drawing came in, so that its spellings hold.
+    DxfSink(Writer& writer, const TextCodec& codec, const DbCore& core, bool isSameForm)
+        : m_writer(writer), m_codec(codec), m_core(core), m_isSameForm(isSameForm)
+    {
+    }
 
     // `type` is written as the record's 0 group; the object's groups follow.
     void Write(std::string_view type, const AcDbObject& object, const GroupForm& form)
@@ -23,22 +27,39 @@ public:
     void Groups(const AcDbObject& object, const GroupForm& form)
     {
         m_object = ObjectAccess::Stub(object);
-        m_spelling = form.asRead && !m_core.form.spellings.empty() ? FirstSpelling() : nullptr;
+        m_spelling = m_next = form.asRead && m_isSameForm ? FirstSpelling() : nullptr;
         m_isInReactors = false;
         GetGroups(object, *this, form);
-        m_spelling = nullptr;
+    }
+    // Of no object.
+    void Groups(const GroupList& groups)
+    {
+        if (m_object != nullptr)
+            m_spelling = nullptr;
+        m_object = nullptr;
+        if (m_spelling == nullptr)
+            m_spelling = m_next = m_isSameForm ? FirstSpelling() : nullptr;
+        m_isInReactors = false;
+        for (const GroupValue& group : groups)
+            Value(group);
     }
 
     void Real(int code, double value) override { m_writer.Real(code, value); }
     void Integer(int code, int64_t value) override { m_writer.Integer(code, value); }
-    void Text(int code, const CString& value) override { m_writer.Text(code, m_codec.Encode(value)); }
+    void Text(int code, const CString& value) override
+    {
+        if (m_spelling != nullptr)
+            if (const KeptSpelling* kept = Spelling(code, [&](const KeptSpelling& one) { return one.text == value; }))
+                return Raw(code, *kept);
+        m_writer.Text(code, m_codec.Encode(value));
+    }
     void Id(int code, AcDbObjectId value) override
     {
         const AcDbStub* stub = value;
         if (m_spelling != nullptr) {
             stub = OwnerAsRead(code, stub);
             if (const KeptSpelling* kept = stub == nullptr ? TextForHandle(code) : nullptr)
-                return m_writer.Text(code, m_codec.Encode(kept->name));
+                return Raw(code, *kept);
         }
         const bool isGone = stub != nullptr && stub->erased;
         if (isGone && m_isInReactors)
@@ -51,7 +72,12 @@ public:
         if (stub == nullptr || stub->object == nullptr)
             return m_writer.Text(code, table == TableKind::Linetype ? "ByLayer" : table == TableKind::Layer ? "0" : "");
         const CString name = RecordNameOf(*stub->object);
-        m_writer.Text(code, m_codec.Encode(m_spelling != nullptr ? NameAsRead(code, name) : name));
+        // The file's spelling as long as the record still bears that name.
+        if (m_spelling != nullptr)
+            if (const KeptSpelling* kept =
+                    Spelling(code, [&](const KeptSpelling& one) { return one.text.CompareNoCase(name) == 0; }))
+                return Raw(code, *kept);
+        m_writer.Text(code, m_codec.Encode(name));
     }
     void Binary(int code, const Bytes& value) override { m_writer.Chunk(code, value == nullptr ? std::string() : *value); }
     void Marker(int code, std::string_view text) override
@@ -64,36 +90,42 @@ private:
     const KeptSpelling* FirstSpelling() const
     {
         const auto& all = m_core.form.spellings;
+        if (all.empty())
+            return nullptr;
         const auto place = std::lower_bound(all.begin(), all.end(), m_object, [](const KeptSpelling& a, const AcDbStub* b) {
             return std::less<>()(a.object, b);
         });
         return place != all.end() && place->object == m_object ? &*place : nullptr;
     }
+    // Groups are written in the order in which they were read, or nearly so: the search goes on where the last one ended.
     template <class Fits>
-    const KeptSpelling* Spelling(int code, Fits&& fits) const
+    const KeptSpelling* Spelling(int code, Fits&& fits)
     {
+        constexpr int kFar = 100;
         const KeptSpelling* const end = m_core.form.spellings.data() + m_core.form.spellings.size();
-        for (const KeptSpelling* at = m_spelling; at != end && at->object == m_object; ++at)
-            if (at->code == code && fits(*at))
-                return at;
+        for (const KeptSpelling* start : {m_next, m_spelling})
+            for (const KeptSpelling* at = start; at != end && at->object == m_object && at - start < kFar; ++at)
+                if (at->code == code && fits(*at)) {
+                    m_next = at + 1;
+                    return at;
+                }
         return nullptr;
     }
-    // The file's spelling as long as the record still bears that name.
-    CString NameAsRead(int code, const CString& name) const
+    void Raw(int code, const KeptSpelling& kept)
     {
-        const KeptSpelling* kept =
-            Spelling(code, [&](const KeptSpelling& one) { return one.name.CompareNoCase(name) == 0; });
-        return kept == nullptr ? name : kept->name;
+        m_raw.clear();
+        for (int i = 0; i < kept.bytes.GetLength(); ++i)
+            m_raw.push_back(char(kept.bytes[i]));
+        m_writer.Text(code, m_raw);
     }
     const AcDbStub* OwnerAsRead(int code, const AcDbStub* stub)
     {
-        if (code != 330 || stub != ObjectAccess::Owner(*m_object->object))
+        if (code != 330 || m_object == nullptr || stub != ObjectAccess::Owner(*m_object->object))
             return stub;
         const KeptSpelling* kept = Spelling(code, [](const KeptSpelling& one) { return one.owner != nullptr; });
         return kept == nullptr ? stub : kept->owner;
     }
-
-    const KeptSpelling* TextForHandle(int code) const
+    const KeptSpelling* TextForHandle(int code)
     {
         return Spelling(code, [](const KeptSpelling& one) { return one.owner == nullptr; });
     }
@@ -103,7 +135,10 @@ private:
     const DbCore& m_core;
     const AcDbStub* m_object = nullptr;
     const KeptSpelling* m_spelling = nullptr;   // the first one of the present object
+    const KeptSpelling* m_next = nullptr;       // behind the one used last
+    bool m_isSameForm;
     bool m_isInReactors = false;
+    std::string m_raw;
 };
 
 }   // namespace KxPlat

@@ -17,7 +17,8 @@ class NameCache {
 public:
     struct Entry {
         AcDbStub* record = nullptr;
-        CString spelling;   // set where the record itself is spelled otherwise (by case)
+        bool isPlain = true;   // the record's own name is written in the same bytes
+        CString text;
     };
     // Null when `bytes` were not met yet.
     const Entry* Find(TableKind table, std::string_view bytes) const
@@ -48,14 +49,21 @@ public:
     double Real() { return m_tags.Real(); }
     int64_t Integer() { return m_tags.Integer(); }
     std::string_view Raw() { return m_tags.Text(); }
-    CString Text() { return m_codec.Decode(m_tags.Text()); }
+    CString Text()
+    {
+        bool isPlain = true;
+        CString text = m_codec.Decode(m_tags.Text(), isPlain);
+        if (!isPlain)
+            KeepSpelling(text);
+        return text;
+    }
     uint64_t Handle()
     {
         const std::optional<uint64_t> handle = m_tags.Handle();
         if (handle)
             return *handle;
         m_tags.report().Mend(m_tags.Place(), "this is no handle:", std::string(m_tags.Text().substr(0, 40)));
-        m_spellings.emplace_back(m_tags.code(), Text());
+        KeepSpelling(m_codec.Decode(m_tags.Text()));
         return 0;
     }
     KxPlat::Bytes Binary()
@@ -71,13 +79,19 @@ public:
         const NameCache::Entry* entry = m_names.Find(table, bytes);
         if (entry == nullptr)
             entry = &Learn(table, bytes, core);
-        if (!entry->spelling.IsEmpty())
-            m_spellings.emplace_back(m_tags.code(), entry->spelling);
+        if (!entry->isPlain)
+            KeepSpelling(entry->text);
         return entry->record;
     }
-    // Names of the present object that differ from their records' spelling, and texts in the place of handles; the caller
-    // empties the list.
-    std::vector<std::pair<int, CString>>& spellings() { return m_spellings; }
+    // What the groups read since the last call say in other words than the database will, now as groups of `object`.
+    void MoveSpellings(const AcDbStub* object, std::vector<KeptSpelling>& to)
+    {
+        for (KeptSpelling& spelling : m_spellings) {
+            spelling.object = object;
+            to.push_back(std::move(spelling));
+        }
+        m_spellings.clear();
+    }
 
     GroupValue Value(DbCore& core)
     {
@@ -101,22 +115,32 @@ public:
     }
 
 private:
+    void KeepSpelling(const CString& text)
+    {
+        const std::string_view raw = m_tags.Text();
+        CString bytes;
+        wchar_t* to = bytes.GetBufferSetLength(int(raw.size()));
+        for (size_t i = 0; i < raw.size(); ++i)
+            to[i] = static_cast<unsigned char>(raw[i]);
+        m_spellings.push_back({nullptr, int16_t(m_tags.code()), text, bytes, nullptr});
+    }
     const NameCache::Entry& Learn(TableKind table, std::string_view bytes, DbCore& core)
     {
         NameCache::Entry entry;
-        const CString name = m_codec.Decode(bytes);
+        bool isPlain = true;
+        const CString name = m_codec.Decode(bytes, isPlain);
         entry.record = core.RecordNamed(table, name);
         // A record that comes only later may bring a spelling of its own.
         const bool isPlaceholder = (ObjectAccess::State(*entry.record->object) & kPlaceholder) != 0;
-        if (isPlaceholder || RecordNameOf(*entry.record->object) != name)
-            entry.spelling = name;
+        entry.isPlain = !isPlaceholder && isPlain && RecordNameOf(*entry.record->object) == name;
+        entry.text = name;
         return m_names.Add(table, bytes, std::move(entry));
     }
 
     Tags& m_tags;
     const TextCodec& m_codec;
     NameCache m_names;
-    std::vector<std::pair<int, CString>> m_spellings;
+    std::vector<KeptSpelling> m_spellings;
 };
 
 }   // namespace KxPlat

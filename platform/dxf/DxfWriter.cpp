@@ -21,7 +21,8 @@ template <class Writer>
 class DxfWriter {
 public:
     DxfWriter(DbCore& core, Writer& writer, const TextCodec& codec, AcDb::AcDbDwgVersion version)
-        : m_core(core), m_writer(writer), m_codec(codec), m_sink(writer, codec, core), m_version(version)
+        : m_core(core), m_writer(writer), m_codec(codec),
+          m_sink(writer, codec, core, core.form.isDxf && version == core.form.version), m_version(version)
     {
         m_form.version = version;
         m_form.asRead = true;
@@ -51,11 +52,6 @@ private:
     void Objects();
     void Loose();
     void Records(const std::vector<LooseRecord>& records);
-    void Groups(const GroupList& groups)
-    {
-        for (const GroupValue& group : groups)
-            m_sink.Value(group);
-    }
     bool IsSpace(const AcDbBlockTableRecord& block) const;
 
     DbCore& m_core;
@@ -106,7 +102,7 @@ void DxfWriter<Writer>::Header()
         else if (variable.name == "$HANDSEED" && m_core.form.hasHandles)
             m_writer.Handle(5, m_core.handles.NextHandle());
         else
-            Groups(variable.groups);
+            m_sink.Groups(variable.groups);
     }
 }
 
@@ -115,7 +111,7 @@ void DxfWriter<Writer>::Records(const std::vector<LooseRecord>& records)
 {
     for (const LooseRecord& record : records) {
         m_sink.Text(0, record.name);
-        Groups(record.groups);
+        m_sink.Groups(record.groups);
     }
 }
 
@@ -134,7 +130,7 @@ void DxfWriter<Writer>::Loose()
         m_writer.Text(0, "SECTION");
         if (!section.name.empty())
             m_writer.Text(2, section.name);
-        Groups(section.head);
+        m_sink.Groups(section.head);
         Records(section.records);
         m_writer.Text(0, "ENDSEC");
     }

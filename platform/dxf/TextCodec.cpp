@@ -131,12 +131,14 @@ TextCodec::TextCodec(AcDb::AcDbDwgVersion version, std::string_view pageName)
         m_codePage = named;
 }
 
-CString TextCodec::SlowDecode(std::string_view bytes) const
+CString TextCodec::SlowDecode(std::string_view bytes, bool& isPlain) const
 {
     std::wstring wide = DecodeLossless(m_codePage, bytes);
     if (wide.find(L'\\') != wide.npos)
         wide = WithoutEscapes(wide);
-    return CString(wide.c_str(), int(wide.size()));
+    const CString text(wide.c_str(), int(wide.size()));
+    isPlain = Encode(text) == bytes;
+    return text;
 }
 
 std::string_view TextCodec::Encode(const CString& text) const

@@ -16,25 +16,31 @@ public:
 
     unsigned codePage() const { return m_codePage; }
 
-    CString Decode(std::string_view bytes) const
+    // `isPlain` turns false where Encode() would spell the text in other bytes.
+    CString Decode(std::string_view bytes, bool& isPlain) const
     {
         constexpr size_t kShort = 120;
         if (bytes.size() > kShort)
-            return SlowDecode(bytes);
+            return SlowDecode(bytes, isPlain);
         wchar_t wide[kShort];
         for (size_t i = 0; i < bytes.size(); ++i) {
             const unsigned char c = static_cast<unsigned char>(bytes[i]);
             if (c >= 0x80 || c == '\\')
-                return SlowDecode(bytes);
+                return SlowDecode(bytes, isPlain);
             wide[i] = c;
         }
         return CString(wide, int(bytes.size()));
+    }
+    CString Decode(std::string_view bytes) const
+    {
+        bool isPlain = true;
+        return Decode(bytes, isPlain);
     }
     // The bytes stay valid until the next call.
     std::string_view Encode(const CString& text) const;
 
 private:
-    CString SlowDecode(std::string_view bytes) const;
+    CString SlowDecode(std::string_view bytes, bool& isPlain) const;
 
     unsigned m_codePage = 1252;
     mutable std::string m_bytes;

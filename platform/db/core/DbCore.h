@@ -28,13 +28,14 @@ struct LooseSection {
     std::vector<LooseRecord> records;
 };
 
-// A group of an object that says the same as the database in other words: a name in another case, an owner that is not
-// the real one.
+// A group that says the same as the database in other words: a name in another case, a text with needless escapes, an
+// owner that is not the real one.
 struct KeptSpelling {
-    const AcDbStub* object;
+    const AcDbStub* object;   // null: in no object
     int16_t code;
-    CString name;       // of a symbol table record, or what stood where a handle should
-    AcDbStub* owner;    // for code 330
+    CString text;      // what the group means, or what stood where a handle should
+    CString bytes;     // as the file spells it, a character for each byte; empty: as `text`
+    AcDbStub* owner;   // for code 330
 };
 
 // The file that a drawing was read from, as far as writing it back needs it.

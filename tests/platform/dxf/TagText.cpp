@@ -48,6 +48,15 @@ std::string Bytes(const std::string& hex)
     return bytes;
 }
 
+// Fortran programs write exponents with a D.
+std::string WithE(std::string number)
+{
+    for (char& c : number)
+        if (c == 'D' || c == 'd')
+            c = 'e';
+    return number;
+}
+
 class Source {
 public:
     explicit Source(std::string bytes) : m_bytes(std::move(bytes))
@@ -84,7 +93,7 @@ private:
         const char kind = KindOf(tag.code);
         const std::string value = Trim(tag.text);
         if (kind == 'r')
-            tag.kind = 'r', tag.real = std::strtod(value.c_str(), nullptr);
+            tag.kind = 'r', tag.real = std::strtod(WithE(value).c_str(), nullptr);
         else if (kind == 'h' && IsHex(value))
             tag.kind = 'h', tag.handle = std::strtoull(value.c_str(), nullptr, 16);
         else if (kind == 'b')
@@ -137,27 +146,6 @@ private:
     bool m_isShort = false;
 };
 
-// "\U+00E9" and the like as UTF-8, so that both spellings of a text compare equal.
-std::string WithoutEscapes(const std::string& text)
-{
-    std::string result;
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (i + 7 > text.size() || text.compare(i, 3, "\\U+") != 0 || !IsHex(text.substr(i + 3, 4))) {
-            result += text[i];
-            continue;
-        }
-        const long c = std::strtol(text.substr(i + 3, 4).c_str(), nullptr, 16);
-        if (c < 0x80)
-            result += char(c);
-        else if (c < 0x800)
-            result += {char(0xC0 | c >> 6), char(0x80 | (c & 0x3F))};
-        else
-            result += {char(0xE0 | c >> 12), char(0x80 | (c >> 6 & 0x3F)), char(0x80 | (c & 0x3F))};
-        i += 6;
-    }
-    return result;
-}
-
 bool Same(const Tag& a, const Tag& b)
 {
     if (a.code != b.code || a.kind != b.kind)
@@ -167,7 +155,7 @@ bool Same(const Tag& a, const Tag& b)
     case 'i': return a.integer == b.integer;
     case 'h': return a.handle == b.handle;
     case 'b': return a.text == b.text;
-    default: return a.text == b.text || WithoutEscapes(a.text) == WithoutEscapes(b.text);
+    default: return a.text == b.text;
     }
 }
 
@@ -227,10 +215,11 @@ std::vector<Record> Load(const std::string& path)
     return records;
 }
 
-std::string Difference(const Record& a, const Record& b)
+std::string Difference(const Record& a, const Record& b, const std::set<int>& free)
 {
     size_t i = 0;
-    while (i < a.tags.size() && i < b.tags.size() && Same(a.tags[i], b.tags[i]))
+    while (i < a.tags.size() && i < b.tags.size() &&
+           (Same(a.tags[i], b.tags[i]) || (a.tags[i].code == b.tags[i].code && free.count(a.tags[i].code) != 0)))
         ++i;
     if (i == a.tags.size() && i == b.tags.size() && a.type == b.type)
         return {};

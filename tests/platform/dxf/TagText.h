@@ -1,6 +1,7 @@
 // A loader of drawing files that shares nothing with the platform: every group of a file as code and value, in records.
 #pragma once
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,8 +26,8 @@ struct Record {
 
 // Stops where the file cannot be read on. Structure records (SECTION, ENDSEC, TABLE ends, EOF) are left out.
 std::vector<Record> Load(const std::string& path);
-// Empty when both say the same.
-std::string Difference(const Record& a, const Record& b);
+// Empty when both say the same; values behind the codes of `free` may differ.
+std::string Difference(const Record& a, const Record& b, const std::set<int>& free = {});
 std::string ReadFile(const std::string& path);
 
 }   // namespace TagText
