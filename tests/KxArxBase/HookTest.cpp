@@ -1,0 +1,63 @@
+#include "KxArxBase/GiHooks.h"
+#include "KxArxBase/KxMessages.h"
+#include "TestUi.h"
+#include <gtest/gtest.h>
+
+using KxArxBase::Gi::HookMessage;
+using KxMfcEx::KxHookData;
+
+namespace {
+
+KxHookData Record(KxHookData::Kind kind, uint32_t message)
+{
+    KxHookData data;
+    data.kind = kind;
+    data.message = message;
+    data.wParam = 1;
+    data.lParam = 2;
+    return data;
+}
+
+// What registering and removing says, with traces on.
+class Hooks : public testing::Test {
+protected:
+    Hooks() { KxArxBase::G_bOutDebugCmdMsg = 1; }
+    ~Hooks() override
+    {
+        HookMessage(nullptr, 1);
+        HookMessage(nullptr, 1);
+        KxArxBase::G_bOutDebugCmdMsg = 0;
+    }
+    TestUi ui;
+};
+
+}   // namespace
+
+TEST_F(Hooks, OneHookServesAllRecordsOfAKind)
+{
+    KxHookData key = Record(KxHookData::kFilter, 0x100);
+    KxHookData click = Record(KxHookData::kFilter, 0x203);
+    EXPECT_EQ(HookMessage(&key, 0), Acad::eOk);
+    EXPECT_EQ(ui.Taken(), L"\n*** KxCadFilterWinMsg Register ok!"
+                          L"\n*** Add HookData Message: 100 WParam: 1 LParam: 2 !");
+    EXPECT_EQ(HookMessage(&click, 0), Acad::eOk);
+    EXPECT_EQ(ui.Taken(), L"\n*** Add HookData Message: 203 WParam: 1 LParam: 2 !");
+    KxHookData watch = Record(KxHookData::kWatch, 0x100);   // takes the place of the filter record
+    EXPECT_EQ(HookMessage(&watch, 0), Acad::eOk);
+    EXPECT_EQ(ui.Taken(), L"\n*** KxCadWatchWinMsg Register ok!");
+
+    // Both are installed: the first removal keeps the filter's bit, and the watch hook stays with the host.
+    EXPECT_EQ(HookMessage(nullptr, 1), Acad::eOk);
+    EXPECT_EQ(ui.Taken(), L"\n*** KxCadFilterWinMsg Remove ok!");
+    EXPECT_EQ(HookMessage(&key, 0), Acad::eOk);
+    EXPECT_EQ(ui.Taken(), L"\n*** Add HookData Message: 100 WParam: 1 LParam: 2 !");
+}
+
+TEST_F(Hooks, AnUnknownKindIsStoredAllTheSame)
+{
+    KxHookData odd = Record(KxHookData::Kind(7), 0x555);
+    EXPECT_EQ(int(HookMessage(&odd, 0)), 40005);
+    EXPECT_EQ(ui.Taken(), L"\n*** Add HookData Message: 555 WParam: 1 LParam: 2 !");
+    EXPECT_EQ(int(HookMessage(&odd, 0)), 40005);
+    EXPECT_EQ(ui.Taken(), L"");   // replaced
+}
