@@ -1,0 +1,12 @@
+#include "AcGiWorldDraw.h"
+
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiDrawableTraits, AcRxObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiSubEntityTraits, AcGiDrawableTraits)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiGeometry, AcRxObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiWorldGeometry, AcGiGeometry)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiViewportGeometry, AcGiGeometry)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiContext, AcRxObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiViewport, AcRxObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiCommonDraw, AcRxObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiWorldDraw, AcGiCommonDraw)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiViewportDraw, AcGiCommonDraw)
