@@ -99,5 +99,23 @@
 #define NM_DBLCLK (0U - 3U)
 #define LVN_ITEMCHANGED (0U - 101U)
 
+#define LVIF_TEXT 0x0001U
+#define LVIF_PARAM 0x0004U
+#define LVIF_STATE 0x0008U
+
 #define IDC_STATIC (-1)
 // clang-format on
+
+// What a notification of a list view tells.
+struct tagNMLISTVIEW {
+    NMHDR hdr;
+    int iItem;
+    int iSubItem;
+    UINT uNewState;
+    UINT uOldState;
+    UINT uChanged;
+    POINT ptAction;
+    LPARAM lParam;
+};
+typedef tagNMLISTVIEW NMLISTVIEW, *LPNMLISTVIEW;
+typedef tagNMLISTVIEW NMITEMACTIVATE, *LPNMITEMACTIVATE;

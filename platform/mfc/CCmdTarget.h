@@ -1,0 +1,121 @@
+// Message maps: which member of a class answers a command, a notification or a message.
+// A class writes DECLARE_MESSAGE_MAP() in its body, and in one source
+//     BEGIN_MESSAGE_MAP(CMyDialog, CDialog)
+//         ON_BN_CLICKED(IDC_APPLY, &CMyDialog::OnApply)
+//     END_MESSAGE_MAP()
+// A message that a class has no row for goes to the map of its base.
+#pragma once
+#include "../ui/ControlStyles.h"
+#include "CObject.h"
+
+class CCmdTarget;
+struct AFX_CMDHANDLERINFO;
+
+// A member of one of the signatures that handlers have.
+struct AFX_MSGHANDLER {
+    enum Kind { None, Plain, Range, Notify, Message, Timer, Size };
+    typedef void (CCmdTarget::*PlainMember)();
+    typedef void (CCmdTarget::*RangeMember)(UINT id);
+    typedef void (CCmdTarget::*NotifyMember)(NMHDR* header, LRESULT* result);
+    typedef LRESULT (CCmdTarget::*MessageMember)(WPARAM wParam, LPARAM lParam);
+    typedef void (CCmdTarget::*TimerMember)(UINT_PTR id);
+    typedef void (CCmdTarget::*SizeMember)(UINT type, int width, int height);
+
+    constexpr AFX_MSGHANDLER() : kind(None), plain(nullptr) {}
+    constexpr AFX_MSGHANDLER(PlainMember member) : kind(Plain), plain(member) {}
+    constexpr AFX_MSGHANDLER(RangeMember member) : kind(Range), range(member) {}
+    constexpr AFX_MSGHANDLER(NotifyMember member) : kind(Notify), notify(member) {}
+    constexpr AFX_MSGHANDLER(MessageMember member) : kind(Message), message(member) {}
+    constexpr AFX_MSGHANDLER(TimerMember member) : kind(Timer), timer(member) {}
+    constexpr AFX_MSGHANDLER(SizeMember member) : kind(Size), size(member) {}
+
+    Kind kind;
+    union {
+        PlainMember plain;
+        RangeMember range;
+        NotifyMember notify;
+        MessageMember message;
+        TimerMember timer;
+        SizeMember size;
+    };
+};
+
+struct AFX_MSGMAP_ENTRY {
+    UINT nMessage;
+    UINT nCode;   // of WM_COMMAND and WM_NOTIFY
+    UINT nID;
+    UINT nLastID;
+    AFX_MSGHANDLER handler;
+};
+
+struct AFX_MSGMAP {
+    const AFX_MSGMAP* (*pfnGetBaseMap)();   // null at the root
+    const AFX_MSGMAP_ENTRY* lpEntries;      // up to one without a handler
+};
+
+// What a WM_NOTIFY brings to OnCmdMsg.
+struct AFX_NOTIFY {
+    LRESULT* pResult;
+    NMHDR* pNMHDR;
+};
+
+class CCmdTarget : public CObject {
+public:
+    ~CCmdTarget() override;
+    // Runs the handler of a command; `code` is the notification code, with WM_NOTIFY in its high word for a
+    // notification. FALSE when no map has one.
+    virtual BOOL OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO* info);
+
+protected:
+    static const AFX_MSGMAP* GetThisMessageMap();
+    virtual const AFX_MSGMAP* GetMessageMap() const;
+    // The first row for a message of a window; null when no map has one.
+    const AFX_MSGMAP_ENTRY* FindMessageEntry(UINT message, UINT code, UINT id) const;
+};
+
+// clang-format off
+#define afx_msg
+#define DECLARE_MESSAGE_MAP()                                                                                          \
+protected:                                                                                                             \
+    static const AFX_MSGMAP* GetThisMessageMap();                                                                      \
+    const AFX_MSGMAP* GetMessageMap() const override;
+
+#define BEGIN_MESSAGE_MAP(theClass, baseClass)                                                                         \
+    const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); }                                  \
+    const AFX_MSGMAP* theClass::GetThisMessageMap()                                                                    \
+    {                                                                                                                  \
+        [[maybe_unused]] typedef theClass ThisClass;                                                                   \
+        typedef baseClass TheBaseClass;                                                                                \
+        static const AFX_MSGMAP_ENTRY _messageEntries[] = {
+#define END_MESSAGE_MAP()                                                                                              \
+            {0, 0, 0, 0, {}}                                                                                           \
+        };                                                                                                             \
+        static const AFX_MSGMAP messageMap = {&TheBaseClass::GetThisMessageMap, _messageEntries};                      \
+        return &messageMap;                                                                                            \
+    }
+
+#define AFX_MSG_ROW(message, code, first, last, type, member)                                                          \
+    {UINT(message), UINT(code), UINT(first), UINT(last),                                                               \
+     static_cast<AFX_MSGHANDLER::type>(member)},
+#define ON_CONTROL(code, id, member) AFX_MSG_ROW(WM_COMMAND, WORD(code), WORD(id), WORD(id), PlainMember, member)
+#define ON_CONTROL_RANGE(code, first, last, member) AFX_MSG_ROW(WM_COMMAND, WORD(code), WORD(first), WORD(last), RangeMember, member)
+#define ON_COMMAND(id, member) ON_CONTROL(0, id, member)
+#define ON_COMMAND_RANGE(first, last, member) ON_CONTROL_RANGE(0, first, last, member)
+#define ON_NOTIFY(code, id, member) AFX_MSG_ROW(WM_NOTIFY, WORD(code), WORD(id), WORD(id), NotifyMember, member)
+#define ON_MESSAGE(number, member) AFX_MSG_ROW(number, 0, 0, 0, MessageMember, member)
+#define ON_BN_CLICKED(id, member) ON_CONTROL(BN_CLICKED, id, member)
+#define ON_BN_DOUBLECLICKED(id, member) ON_CONTROL(BN_DOUBLECLICKED, id, member)
+#define ON_EN_CHANGE(id, member) ON_CONTROL(EN_CHANGE, id, member)
+#define ON_EN_UPDATE(id, member) ON_CONTROL(EN_UPDATE, id, member)
+#define ON_EN_KILLFOCUS(id, member) ON_CONTROL(EN_KILLFOCUS, id, member)
+#define ON_LBN_SELCHANGE(id, member) ON_CONTROL(LBN_SELCHANGE, id, member)
+#define ON_LBN_DBLCLK(id, member) ON_CONTROL(LBN_DBLCLK, id, member)
+#define ON_CBN_SELCHANGE(id, member) ON_CONTROL(CBN_SELCHANGE, id, member)
+#define ON_CBN_EDITCHANGE(id, member) ON_CONTROL(CBN_EDITCHANGE, id, member)
+#define ON_CBN_DBLCLK(id, member) ON_CONTROL(CBN_DBLCLK, id, member)
+#define ON_WM_DESTROY() AFX_MSG_ROW(WM_DESTROY, 0, 0, 0, PlainMember, &ThisClass::OnDestroy)
+#define ON_WM_CLOSE() AFX_MSG_ROW(WM_CLOSE, 0, 0, 0, PlainMember, &ThisClass::OnClose)
+#define ON_WM_PAINT() AFX_MSG_ROW(WM_PAINT, 0, 0, 0, PlainMember, &ThisClass::OnPaint)
+#define ON_WM_TIMER() AFX_MSG_ROW(WM_TIMER, 0, 0, 0, TimerMember, &ThisClass::OnTimer)
+#define ON_WM_SIZE() AFX_MSG_ROW(WM_SIZE, 0, 0, 0, SizeMember, &ThisClass::OnSize)
+// clang-format on

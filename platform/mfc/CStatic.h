@@ -1,0 +1,5 @@
+// A label.
+#pragma once
+#include "CWnd.h"
+
+class CStatic : public CWnd {};
