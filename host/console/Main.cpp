@@ -1,0 +1,167 @@
+// kxcad: opens a drawing, loads modules, runs commands, saves.
+#include "Options.h"
+#include "TerminalUi.h"
+#include "ap/Documents.h"
+#include "ed/Session.h"
+#include "ed/acedads.h"
+#include "win/CodePage.h"
+#include "win/Files.h"
+#include "win/Modules.h"
+#include "win/OwnVersion.h"
+#include <cstdio>
+#include <iostream>
+#include <iterator>
+
+KX_OWN_VERSION("CompanyName=KxArxBase\n"
+               "FileDescription=Scriptable CAD host\n"
+               "FileVersion=1.0.0.0\n"
+               "InternalName=kxcad\n"
+               "OriginalFilename=kxcad\n"
+               "ProductName=kxcad\n"
+               "ProductVersion=18.1.0.0\n")
+
+using namespace KxPlat;
+
+namespace KxConsole {
+
+namespace {
+
+enum ExitStatus { kDone = 0, kCommandFailed = 1, kWrongUsage = 2, kUnreadable = 3, kNotSaved = 4 };
+
+class Program {
+public:
+    explicit Program(const Options& options) : m_options(options), m_ui(options.isQuiet) {}
+    int Run();
+
+private:
+    bool LoadModules();
+    bool OpenDrawingFile();
+    bool RunSteps(Session& session, bool& couldRead);
+    bool Save();
+    void Complain(const std::string& what, const std::wstring& why) { m_ui.Complain(FromUtf8(what) + L": " + why); }
+
+    const Options& m_options;
+    TerminalUi m_ui;
+};
+
+// The command module lies beside the program.
+std::wstring BaseModule()
+{
+    wchar_t program[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    const std::wstring path(program);
+    return path.substr(0, path.find_last_of(L"\\/") + 1) + L"KxArxBase.arx";
+}
+
+bool Program::LoadModules()
+{
+    std::vector<std::wstring> modules;
+    if (m_options.hasBaseModule)
+        modules.push_back(BaseModule());
+    for (const std::string& name : m_options.modules)
+        modules.push_back(FromUtf8(name));
+    bool isGood = true;
+    for (const std::wstring& module : modules)
+        if (acedArxLoad(module.c_str()) != RTNORM) {
+            Complain(ToUtf8(module), FileInfoOf(HostPath(module)).exists ? L"cannot be loaded as a module" : L"no such file");
+            isGood = false;
+        }
+    return isGood;
+}
+
+bool Program::OpenDrawingFile()
+{
+    AcApDocument* document = nullptr;
+    std::wstring why;
+    const Acad::ErrorStatus status = m_options.drawing.empty() ? NewDrawing(std::wstring(), document, why)
+                                                              : OpenDrawing(FromUtf8(m_options.drawing), document, why);
+    if (status != Acad::eOk)
+        Complain(m_options.drawing, why);
+    return status == Acad::eOk;
+}
+
+bool Program::RunSteps(Session& session, bool& couldRead)
+{
+    bool isGood = true;
+    for (const Step& step : m_options.steps) {
+        if (session.IsQuitting())
+            break;
+        if (step.kind == Step::Kind::Command) {
+            isGood = session.Run(FromUtf8(step.text) + L"\n") && isGood;
+            continue;
+        }
+        int error = 0;
+        std::string script;
+        if (step.text == "-")
+            script.assign(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
+        else
+            script = ReadWholeFile(HostPath(FromUtf8(step.text)), error);
+        if (error != 0) {
+            Complain(step.text, SystemErrorText(error));
+            couldRead = false;
+            return false;
+        }
+        isGood = session.RunScript(IsUtf8(script) ? FromUtf8(script) : Decode(AnsiCodePage(), script)) && isGood;
+    }
+    return isGood;
+}
+
+bool Program::Save()
+{
+    AcApDocument* document = acDocManager->mdiActiveDocument();
+    std::wstring why = L"no drawing is open";
+    if (document != nullptr &&
+        SaveDrawing(*document, FromUtf8(m_options.output), AcDb::kDHL_CURRENT, why) == Acad::eOk)
+        return true;
+    Complain(m_options.output, why);
+    return false;
+}
+
+int Program::Run()
+{
+    SetUi(&m_ui);
+    SetOwnProductVersion(FromUtf8(m_options.release));
+    WatchInterrupts();
+    SessionOptions sessionOptions;
+    sessionOptions.release = FromUtf8(m_options.release);
+    sessionOptions.echo = !m_options.isQuiet;
+    sessionOptions.hasKeyboard = m_options.steps.empty();
+    int status = kDone;
+    {
+        Session session(sessionOptions);
+        bool couldRead = OpenDrawingFile() && LoadModules();
+        if (!couldRead) {
+            status = kUnreadable;
+        } else {
+            if (m_options.steps.empty())
+                session.Loop();
+            else if (!RunSteps(session, couldRead))
+                status = couldRead ? kCommandFailed : kUnreadable;
+            if (!m_options.output.empty() && couldRead && !Save())
+                status = kNotSaved;
+        }
+        m_ui.EndLine();
+    }
+    m_ui.EndLine();
+    SetUi(nullptr);
+    return status;
+}
+
+}   // namespace
+
+}   // namespace KxConsole
+
+int main(int argc, char** argv)
+{
+    using namespace KxConsole;
+    const Options options = ParseOptions(argc, argv);
+    if (!options.error.empty()) {
+        std::fprintf(stderr, "kxcad: %s\n", options.error.c_str());
+        return kWrongUsage;
+    }
+    if (options.showsHelp || options.showsVersion) {
+        std::fputs(options.showsHelp ? HelpText() : "kxcad 1.0.0\n", stdout);
+        return kDone;
+    }
+    return Program(options).Run();
+}

@@ -1,0 +1,118 @@
+#include "Options.h"
+#include <algorithm>
+#include <string_view>
+
+namespace KxConsole {
+
+namespace {
+
+struct OptionRow {
+    const char* shortName;   // may be empty
+    const char* longName;
+    bool takesValue;
+    void (*apply)(Options&, const std::string& value);
+};
+
+const char* const kReleases[] = {"18.0", "18.1", "18.2", "19.0"};
+
+void SetRelease(Options& options, const std::string& value)
+{
+    if (std::find(std::begin(kReleases), std::end(kReleases), value) == std::end(kReleases))
+        options.error = "--release " + value + ": must be 18.0, 18.1, 18.2 or 19.0";
+    options.release = value;
+}
+
+void RefuseGraphics(Options& options, const char* name)
+{
+    options.error = std::string(name) + ": this program was built without graphics";
+}
+
+const OptionRow kOptions[] = {
+    {"-s", "--script", true,
+     [](Options& o, const std::string& value) { o.steps.push_back({Step::Kind::Script, value}); }},
+    {"-c", "--command", true,
+     [](Options& o, const std::string& value) { o.steps.push_back({Step::Kind::Command, value}); }},
+    {"-m", "--module", true, [](Options& o, const std::string& value) { o.modules.push_back(value); }},
+    {"", "--no-module", false, [](Options& o, const std::string&) { o.hasBaseModule = false; }},
+    {"-o", "--output", true, [](Options& o, const std::string& value) { o.output = value; }},
+    {"-p", "--plot", true, [](Options& o, const std::string&) { RefuseGraphics(o, "--plot"); }},
+    {"", "--window", false, [](Options& o, const std::string&) { RefuseGraphics(o, "--window"); }},
+    {"", "--release", true, SetRelease},
+    {"", "--quiet", false, [](Options& o, const std::string&) { o.isQuiet = true; }},
+    {"", "--help", false, [](Options& o, const std::string&) { o.showsHelp = true; }},
+    {"", "--version", false, [](Options& o, const std::string&) { o.showsVersion = true; }},
+};
+
+const OptionRow* FindOption(std::string_view name)
+{
+    for (const OptionRow& row : kOptions)
+        if (name == row.longName || (*row.shortName != 0 && name == row.shortName))
+            return &row;
+    return nullptr;
+}
+
+void TakeDrawing(Options& options, const std::string& name)
+{
+    if (!options.drawing.empty())
+        options.error = name + ": only one drawing can be opened";
+    options.drawing = name;
+}
+
+}   // namespace
+
+Options ParseOptions(int argc, char** argv)
+{
+    Options options;
+    bool onlyNames = false;
+    for (int i = 1; i < argc && options.error.empty(); ++i) {
+        const std::string argument = argv[i];
+        if (onlyNames || argument.size() < 2 || argument[0] != '-') {
+            TakeDrawing(options, argument);
+            continue;
+        }
+        if (argument == "--") {
+            onlyNames = true;
+            continue;
+        }
+        const size_t equals = argument.compare(0, 2, "--") == 0 ? argument.find('=') : std::string::npos;
+        const std::string name = argument.substr(0, equals);
+        const OptionRow* row = FindOption(name);
+        if (row == nullptr) {
+            options.error = name + ": unknown option";
+        } else if (!row->takesValue) {
+            if (equals != std::string::npos)
+                options.error = name + ": takes no value";
+            else
+                row->apply(options, std::string());
+        } else if (equals != std::string::npos) {
+            row->apply(options, argument.substr(equals + 1));
+        } else if (i + 1 < argc) {
+            row->apply(options, argv[++i]);
+        } else {
+            options.error = name + ": needs a value";
+        }
+    }
+    return options;
+}
+
+const char* HelpText()
+{
+    return "usage: kxcad [options] [DRAWING]\n"
+           "Opens a drawing, loads the command module and runs commands on it.\n"
+           "\n"
+           "  -s, --script FILE    run the lines of FILE as if typed (\"-\": standard input)\n"
+           "  -c, --command TEXT   run one line as if typed; may be repeated, in order with --script\n"
+           "  -m, --module FILE    load a module besides KxArxBase.arx; --no-module loads none\n"
+           "  -o, --output FILE    save the drawing there afterwards (by extension; a DXF keeps its version)\n"
+           "  -p, --plot FILE      write a picture of the model space (needs a build with graphics)\n"
+           "      --window         open the desktop window (needs a build with graphics)\n"
+           "      --release R      the host release to present: 18.0, 18.1, 18.2, 19.0\n"
+           "      --quiet          only what commands print\n"
+           "      --help, --version\n"
+           "\n"
+           "Without --script and --command it reads the terminal or standard input.\n"
+           "Exit status: 0 done; 1 a command or form failed under a script; 2 wrong usage;\n"
+           "3 the drawing or module could not be read; 4 it could not be saved.\n";
+}
+
+}   // namespace KxConsole
