@@ -75,7 +75,7 @@ def of(data):
     layers = [(text(r, 2), int(text(r, 62, "7")), int(text(r, 70, "0"))) for s, kind, r in records if s == "TABLES" and kind == "LAYER"]
     model = {}
     for s, kind, r in records:
-        if s == "ENTITIES" and kind not in SUBORDINATE | {"SECTION"} and text(r, 67, "0") != "1":
+        if s == "ENTITIES" and kind not in SUBORDINATE | {"SECTION"} and int(text(r, 67, "0")) != 1:
             model[kind] = model.get(kind, 0) + 1
     block_names = [text(r, 2) for s, kind, r in records if s == "BLOCKS" and kind == "BLOCK"]
     return {
