@@ -4,6 +4,7 @@
 #include "Opened.h"
 #include <memory>
 #include <unordered_set>
+#include <vector>
 
 namespace KxArxBase {
 
@@ -19,6 +20,25 @@ void SetStates(AcDbLayerTableRecord& layer, const bool* off, const bool* frozen,
     if (frozen != nullptr)
         layer.setIsFrozen(*frozen);
 }
+
+// Remembers ids. Asked for each of a million entities on a few thousand layers, it mostly answers from a table of ids
+// met lately, which a few bits of the id's address choose.
+class SeenIds {
+public:
+    // True for an id not met before.
+    bool Add(AcDbObjectId id)
+    {
+        AcDbObjectId& recent = m_recent[size_t(id.asOldId()) / 16 % m_recent.size()];
+        if (recent == id)
+            return false;
+        recent = id;
+        return m_all.insert(id).second;
+    }
+
+private:
+    std::vector<AcDbObjectId> m_recent = std::vector<AcDbObjectId>(4096);
+    std::unordered_set<AcDbObjectId> m_all;
+};
 
 CString NameOf(AcDbObjectId record)
 {
@@ -137,18 +157,14 @@ Acad::ErrorStatus CKxAcDb::SetAlllayersStatus(bool* off, const bool* frozen, con
 Acad::ErrorStatus CKxAcDb::GetEntityLayers(const AcDbObjectIdArray& ids, CStringArray& names)
 {
     names.RemoveAll();
-    std::unordered_set<AcDbObjectId> seen;
-    AcDbObjectId last;   // neighbours are mostly on one layer
+    SeenIds seen;
     for (const AcDbObjectId& id : ids) {
         AcDbEntity* entity = nullptr;
         if (acdbOpenAcDbEntity(entity, id, AcDb::kForRead) != Acad::eOk)
             continue;
         const AcDbObjectId layer = entity->layerId();
         entity->close();
-        if (layer == last)
-            continue;
-        last = layer;
-        if (seen.insert(layer).second)
+        if (seen.Add(layer))
             names.Add(NameOf(layer));
     }
     return Acad::eOk;
