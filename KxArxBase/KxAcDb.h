@@ -75,6 +75,11 @@ public:
     // Entities of one block, or (null) of all blocks and layouts but those of xrefs; with a class, only its entities.
     Acad::ErrorStatus BlockTableGetEntityIds(AcDbObjectIdArray& ids, const wchar_t* block = nullptr,
                                              AcRxClass* cls = nullptr);
+    // Entities of a space (null: the current one) that are not among `picked`; with a class, only its entities. Leaves
+    // out, where asked to, entities on locked layers, invisible ones, and those on layers that are off or frozen.
+    Acad::ErrorStatus GetDifferenceSetIds(const AcDbObjectIdArray& picked, AcDbObjectIdArray& others, AcRxClass* cls,
+                                          bool skipLocked, bool skipInvisible, bool skipHiddenLayers,
+                                          const wchar_t* space);
 
     // --- documents, files, cloning ---------------------------------------------------------------------------------
     Acad::ErrorStatus GetAcDbDoc(AcApDocument*& doc);

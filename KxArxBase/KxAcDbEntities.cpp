@@ -4,6 +4,7 @@
 #include "KxMessages.h"
 #include "Opened.h"
 #include <memory>
+#include <unordered_set>
 
 namespace KxArxBase {
 
@@ -36,6 +37,22 @@ void CollectEntities(const AcDbBlockTableRecord& block, const AcRxClass* cls, Ac
             ids.append(id);
     }
 }
+
+struct Skipped {
+    bool locked;
+    bool invisible;
+    bool hiddenLayers;
+
+    bool Any() const { return locked || invisible || hiddenLayers; }
+    bool Takes(AcDbObjectId id) const
+    {
+        const Opened<AcDbEntity> entity(id, AcDb::kForRead);
+        if (!entity || (invisible && entity->visibility() == AcDb::kInvisible))
+            return true;
+        const Opened<AcDbLayerTableRecord> layer(entity->layerId(), AcDb::kForRead);
+        return layer && ((locked && layer->isLocked()) || (hiddenLayers && (layer->isOff() || layer->isFrozen())));
+    }
+};
 
 }   // namespace
 
@@ -196,6 +213,30 @@ Acad::ErrorStatus CKxAcDb::BlockTableGetEntityIds(AcDbObjectIdArray& ids, const 
         const Opened<AcDbBlockTableRecord> record(id, AcDb::kForRead);
         if (record && !IsForeign(*record.get()))
             CollectEntities(*record.get(), cls, ids);
+    }
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus CKxAcDb::GetDifferenceSetIds(const AcDbObjectIdArray& picked, AcDbObjectIdArray& others,
+                                               AcRxClass* cls, bool skipLocked, bool skipInvisible,
+                                               bool skipHiddenLayers, const wchar_t* space)
+{
+    others.setLogicalLength(0);
+    AcDbSymbolTableRecord* opened = nullptr;
+    const Acad::ErrorStatus es =
+        Reported([&] { return OpenRecWithEntyName(space, AcDbBlockTableRecord::desc(), opened, AcDb::kForRead); });
+    if (es != Acad::eOk)
+        return es;
+    AcDbObjectIdArray all;
+    {
+        const Opened<AcDbSymbolTableRecord> record(opened, es);
+        CollectEntities(*static_cast<AcDbBlockTableRecord*>(opened), cls, all);
+    }
+    const std::unordered_set<AcDbObjectId> excluded(picked.begin(), picked.end());
+    const Skipped skipped = {skipLocked, skipInvisible, skipHiddenLayers};
+    for (const AcDbObjectId& id : all) {
+        if (excluded.count(id) == 0 && !(skipped.Any() && skipped.Takes(id)))
+            others.append(id);
     }
     return Acad::eOk;
 }

@@ -48,10 +48,17 @@ public:
     static void CmdCleanMlineStyle();
     static void CmdCleanDatabase();
     static void CmdCleanLayer();
+    static void CmdDeleteNoPickObjectInCurSpaceSure();
+    static void CmdDeleteNoPickObjectInCurSpace();
+    static void CmdHidePickObject();
+    static void CmdHideNoPickObject();
+    static void CmdShowAllObject();
+    static void CmdReversePickObject();
     static void CmdHidePickObjectLayer();
     static void CmdHideNoPickObjectLayer();
     static void CmdShowAllLayer();
     static void CmdReverseHidePickLayer();
+    static void CmdShowAllObjectAndLayer();
     static void CmdFrozenPickObjectLayer();
     static void CmdFrozenNoPickObjectLayer();
     static void CmdUnFrozenAllLayer();
