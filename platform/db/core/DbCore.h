@@ -53,6 +53,7 @@ struct FileForm {
     std::vector<std::string> tableOrder;      // "VPORT", "LTYPE", ...
     std::vector<LooseRecord> classes;
     std::vector<LooseSection> sections;       // everything besides the known six
+    uint64_t impliedFrom = 0, impliedTo = 0;  // handles given to what the file left out; the second is the first free one
     std::vector<AcDbStub*> objectOrder;       // of the OBJECTS section
     std::vector<KeptSpelling> spellings;      // sorted by object
     uint64_t repairs = 0;                     // faults that reading mended

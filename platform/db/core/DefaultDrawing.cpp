@@ -203,6 +203,7 @@ void BuildDefaultDrawing(DbCore& core)
 
 void CompleteDrawing(DbCore& core)
 {
+    core.form.impliedFrom = core.handles.NextHandle();
     EnsureStandardRecords(core);
     if (core.namedObjects == nullptr)
         core.namedObjects = core.Adopt(new AcDbDictionary, 0, nullptr, false);
@@ -210,6 +211,9 @@ void CompleteDrawing(DbCore& core)
     EnsureSpace(core, ACDB_PAPER_SPACE, L"$PAPER_SPACE");
     if (core.form.version >= AcDb::kDHL_1012)
         EnsureDictionary(core, static_cast<AcDbDictionary*>(core.namedObjects->object), L"ACAD_GROUP");
+    core.form.impliedTo = core.handles.NextHandle();
+    for (uint64_t handle = core.form.impliedFrom; handle < core.form.impliedTo; ++handle)
+        ObjectAccess::State(*core.handles.Find(handle)->object) &= ~uint32_t(kChangedSinceRead);
     core.currentSpace = core.modelSpace;
     if (!core.database->tilemode()) {
         AcDbStub* paper = core.Table(TableKind::Block)->find(ACDB_PAPER_SPACE);

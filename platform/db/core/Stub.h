@@ -11,11 +11,11 @@ struct AcDbStub {
     AcDbObject* object = nullptr;   // owned by the database; null: referred to, but defined nowhere
     AcDbDatabase* database = nullptr;
     uint64_t handle = 0;
-    uint16_t readers = 0;
-    bool writing = false;
-    bool notifying = false;
-    bool erased = false;
     uint32_t recordedIn = 0;   // the undo step in which the object's fields were last recorded
+    uint16_t readers = 0;
+    bool writing : 1 = false;
+    bool notifying : 1 = false;
+    bool erased : 1 = false;
 };
 
 namespace KxPlat {

@@ -43,7 +43,6 @@ void UndoLog::Erasing(AcDbStub* stub)
     if (m_isOff)
         return;
     Change change;
-    change.kind = Change::Kind::Erased;
     change.stub = stub;
     change.wasErased = stub->erased;
     Open().changes.push_back(std::move(change));
@@ -55,7 +54,6 @@ void UndoLog::Added(AcDbStub* stub)
     if (m_isOff)
         return;
     Change change;
-    change.kind = Change::Kind::Erased;
     change.stub = stub;
     change.wasErased = true;
     stub->recordedIn = m_serial;
@@ -66,30 +64,35 @@ void UndoLog::ChangingHeader(const HeaderVars& vars, std::string_view name)
 {
     if (m_isOff)
         return;
-    Change change;
-    change.kind = Change::Kind::Header;
     const HeaderVar* var = vars.Find(name);
-    change.hadHeader = var != nullptr;
-    change.header = var != nullptr ? *var : HeaderVar{std::string(name), {}};
+    Change change;
+    change.header = std::make_unique<HeaderChange>();
+    change.header->wasThere = var != nullptr;
+    change.header->before = var != nullptr ? *var : HeaderVar{std::string(name), {}};
     Open().changes.push_back(std::move(change));
+}
+
+void UndoLog::SwapHeader(HeaderChange& change, HeaderVars& vars)
+{
+    const HeaderVar* now = vars.Find(change.before.name);
+    HeaderChange present{now != nullptr ? *now : HeaderVar{change.before.name, {}}, now != nullptr};
+    if (change.wasThere)
+        vars.Get(change.before.name).groups = change.before.groups;
+    else
+        vars.Remove(change.before.name);
+    change = std::move(present);
 }
 
 void UndoLog::Swap(Change& change, HeaderVars& vars)
 {
-    if (change.kind == Change::Kind::Erased) {
-        std::swap(change.wasErased, change.stub->erased);
+    if (change.header != nullptr) {
+        SwapHeader(*change.header, vars);
         return;
     }
-    if (change.kind == Change::Kind::Header) {
-        const HeaderVar* now = vars.Find(change.header.name);
-        HeaderVar present = now != nullptr ? *now : HeaderVar{change.header.name, {}};
-        const bool hasNow = now != nullptr;
-        if (change.hadHeader)
-            vars.Get(change.header.name).groups = change.header.groups;
-        else
-            vars.Remove(change.header.name);
-        change.header = std::move(present);
-        change.hadHeader = hasNow;
+    if (change.before == nullptr) {
+        const bool isErased = change.stub->erased;
+        change.stub->erased = change.wasErased;
+        change.wasErased = isErased;
         return;
     }
     AcDbObject& object = *change.stub->object;

@@ -36,20 +36,24 @@ public:
     void Clear();
 
 private:
+    struct HeaderChange {
+        HeaderVar before;
+        bool wasThere = false;
+    };
+    // Small, since a command may change every layer of a large drawing: exactly one of the three is recorded.
     struct Change {
-        enum class Kind { Fields, Erased, Header } kind = Kind::Fields;
         AcDbStub* stub = nullptr;
-        std::unique_ptr<AcDbObject> before;
-        bool wasErased = false;
-        HeaderVar header;
-        bool hadHeader = false;
+        std::unique_ptr<AcDbObject> before;      // fields
+        std::unique_ptr<HeaderChange> header;    // a header variable
+        bool wasErased = false;                  // neither of them: the erased flag
     };
     struct Step {
         CString command;
         std::vector<Change> changes;
     };
     Step& Open();
-    void Swap(Change& change, HeaderVars& vars);
+    static void Swap(Change& change, HeaderVars& vars);
+    static void SwapHeader(HeaderChange& change, HeaderVars& vars);
 
     std::vector<Step> m_done;
     std::vector<Step> m_undone;
