@@ -5,10 +5,10 @@
 #include "../../win/CharTables.h"
 #include "../../win/Format.h"
 #include "../acedads.h"
+#include "../Prompt.h"
 #include "../Session.h"
 #include "ChooseObjects.h"
 #include "DocumentSelection.h"
-#include "TypedPoint.h"
 
 namespace KxPlat {
 
@@ -37,7 +37,6 @@ private:
 
     Next Take(const InputPiece& piece);
     Next TakeText(const std::wstring& text);
-    Next TakeExpression(const std::wstring& text);
     Next TakeValue(const resbuf& value);
     Next TakePoint(const AcGePoint2d& point);
     Next Found(const std::vector<AcDbObjectId>& ids);
@@ -343,28 +342,16 @@ Next Conversation::TakeValue(const resbuf& value)
     }
 }
 
-// A LISP form or "!name": its value is taken as if it were the answer.
-Next Conversation::TakeExpression(const std::wstring& text)
-{
-    AcApDocument* document = acDocManager->curDocument();
-    LispHook* lisp = TheLispHook();
-    resbuf* value = nullptr;
-    if (document == nullptr || lisp == nullptr || !lisp->Evaluate(*document, text, value))
-        return Next::Cancel;
-    const Next next = value == nullptr ? Next::GoOn : TakeValue(*value);
-    acutRelRb(value);
-    return next;
-}
-
 Next Conversation::TakeText(const std::wstring& typed)
 {
     if (typed.empty())
         return Next::Enter;
-    if (typed[0] == L'(' || typed[0] == L'!')
-        return TakeExpression(typed);
-    AcGePoint2d point;
-    if (PointIn(typed, point))
-        return TakePoint(point);
+    ads_point last, point;
+    LastPoint(last);
+    if (ReadPoint(typed, last, point)) {
+        SetLastPoint(point);
+        return TakePoint(AcGePoint2d(point[X], point[Y]));
+    }
     const std::wstring word = Upper(typed[0] == L'_' ? std::wstring_view(typed).substr(1) : std::wstring_view(typed));
     for (const Option& option : kOptions)
         if (word.size() >= option.shortest && std::wstring_view(option.name).substr(0, word.size()) == word)
@@ -398,7 +385,7 @@ int Conversation::Run(std::vector<AcDbObjectId>& ids)
         InputRequest request;
         request.kind = InputKind::Selection;
         request.prompt = m_isRemoving ? m_choice.removePrompt : m_choice.addPrompt;
-        const Next next = Take(Session::Current()->input().Next(request, TextRule::Word));
+        const Next next = Take(TakePiece(request, TextRule::Word));
         if (next == Next::Cancel)
             return RTCAN;
         if (next == Next::Missed)

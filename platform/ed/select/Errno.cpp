@@ -1,14 +1,12 @@
 #include "Errno.h"
-#include "../acedads.h"
+#include "../EditorState.h"
 
 namespace KxPlat {
 
 void SetErrno(Errno why)
 {
-    resbuf value = {};
-    value.restype = RTSHORT;
-    value.resval.rint = short(why);
-    acedSetVar(L"ERRNO", &value);
+    if (EditorState* editor = TheEditor())
+        editor->errorNumber = int(why);
 }
 
 }   // namespace KxPlat
