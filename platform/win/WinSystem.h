@@ -5,6 +5,8 @@
 extern "C" {
 void Sleep(DWORD milliseconds);
 DWORD GetTickCount();
+DWORD GetCurrentThreadId();
+void GetLocalTime(LPSYSTEMTIME time);
 // The folder for temporary files, ending in a backslash. Answers its length, or the size needed when `size` is too
 // small.
 DWORD GetTempPathW(DWORD size, LPWSTR buffer);

@@ -46,6 +46,26 @@ DWORD GetTickCount()
     return static_cast<DWORD>(now.tv_sec * 1000 + now.tv_nsec / 1000000);
 }
 
+DWORD GetCurrentThreadId()
+{
+    return static_cast<DWORD>(gettid());
+}
+
+void GetLocalTime(LPSYSTEMTIME time)
+{
+    timespec now = {};
+    clock_gettime(CLOCK_REALTIME, &now);
+    tm local = {};
+    localtime_r(&now.tv_sec, &local);
+    const int fields[] = {
+        local.tm_year + 1900, local.tm_mon + 1, local.tm_wday, local.tm_mday,
+        local.tm_hour,        local.tm_min,     local.tm_sec,  static_cast<int>(now.tv_nsec / 1000000)};
+    WORD* const targets[] = {&time->wYear, &time->wMonth,  &time->wDayOfWeek, &time->wDay,
+                             &time->wHour, &time->wMinute, &time->wSecond,    &time->wMilliseconds};
+    for (size_t i = 0; i < ARRAYSIZE(fields); ++i)
+        *targets[i] = static_cast<WORD>(fields[i]);
+}
+
 DWORD GetTempPathW(DWORD size, LPWSTR buffer)
 {
     std::wstring path = KxPlat::DrivePath(KxPlat::TempFolder());
