@@ -89,8 +89,10 @@ public:
     AcDbStub* Adopt(AcDbObject* object, AcDbStub* owner);
     // The same for an object whose stub was there before its handle was read.
     void Number(AcDbStub* stub);
-    void NumberLater(AcDbStub* stub) { m_unnumbered.push_back(stub); }
+    void NumberLater(AcDbStub* stub) { m_made.push_back(stub); }
     void NumberAll();
+    // Some object of the file had one.
+    bool hasHandles() const { return m_hasHandles; }
 
     // The same for a record that the file implies but does not have.
     AcDbStub* AdoptMade(AcDbObject* object, AcDbStub* owner);
@@ -117,21 +119,24 @@ private:
     MappedFile& m_file;
     size_t m_givenBack = 0;
     DxfPlace m_place;   // of the record read last
-    std::vector<AcDbStub*> m_unnumbered;
+    std::vector<AcDbStub*> m_renumbered;   // what came with a handle that was taken,
+    std::vector<AcDbStub*> m_unnumbered;   // without a handle,
+    std::vector<AcDbStub*> m_made;         // or not at all
+    bool m_hasHandles = false;
 };
 
 template <class Tags>
 AcDbStub* DxfInput<Tags>::Adopt(AcDbObject* object, AcDbStub* owner)
 {
     const uint64_t handle = m_reader.handle();
+    m_hasHandles = m_hasHandles || handle != 0;
     AcDbStub* stub = handle == 0 ? nullptr : core.handles.Get(handle);
-    if (stub != nullptr && stub->object != nullptr) {
+    const bool isTaken = stub != nullptr && stub->object != nullptr;
+    if (isTaken)
         tags.report().Mend(m_place, "a handle is used twice");
-        stub = nullptr;
-    }
-    if (stub == nullptr) {
+    if (isTaken || stub == nullptr) {
         stub = core.handles.NewUnnamed();
-        m_unnumbered.push_back(stub);
+        (isTaken ? m_renumbered : m_unnumbered).push_back(stub);
     }
     KeepSpellings(stub, owner);
     return Settle(stub, object, owner);
@@ -141,7 +146,7 @@ template <class Tags>
 AcDbStub* DxfInput<Tags>::AdoptMade(AcDbObject* object, AcDbStub* owner)
 {
     AcDbStub* stub = core.handles.NewUnnamed();
-    m_unnumbered.push_back(stub);
+    m_made.push_back(stub);
     return Settle(stub, object, owner);
 }
 
@@ -160,21 +165,25 @@ void DxfInput<Tags>::Number(AcDbStub* stub)
 {
     const uint64_t handle = m_reader.handle();
     const AcDbStub* taken = handle == 0 ? nullptr : core.handles.Find(handle);
-    if (handle == 0 || stub->handle != 0 || (taken != nullptr && taken->object != nullptr)) {
-        if (stub->handle == 0)
-            m_unnumbered.push_back(stub);
-        return;
-    }
-    core.handles.SetHandle(stub, handle);
+    if (handle != 0 && stub->handle == 0 && (taken == nullptr || taken->object == nullptr))
+        core.handles.SetHandle(stub, handle);
 }
 
 template <class Tags>
 void DxfInput<Tags>::NumberAll()
 {
-    for (AcDbStub* stub : m_unnumbered)
-        if (stub->handle == 0 && stub->object != nullptr)
-            core.handles.SetHandle(stub, core.handles.NextHandle());
-    m_unnumbered.clear();
+    const auto number = [this](std::vector<AcDbStub*>& stubs, bool wasRead) {
+        for (AcDbStub* stub : stubs)
+            if (stub->handle == 0 && stub->object != nullptr && (ObjectAccess::Shape(*stub->object) != 0) == wasRead)
+                core.handles.SetHandle(stub, core.handles.NextHandle());
+    };
+    number(m_renumbered, true);
+    core.form.numberedFrom = core.handles.NextHandle();
+    number(m_unnumbered, true);
+    number(m_made, true);
+    core.form.impliedFrom = core.handles.NextHandle();
+    number(m_unnumbered, false);
+    number(m_made, false);
 }
 
 // What the object itself cannot remember of its groups: names in another case, an owner that is not the real one.

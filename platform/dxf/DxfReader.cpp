@@ -204,6 +204,7 @@ void DxfReader<Tags>::Finish()
             if (const std::optional<uint64_t> next = ParseHandle(TextCodec().Encode(seed->groups[0].text())))
                 if (*next >> 48 == 0)
                     core.handles.RaiseNextHandle(*next);
+    core.form.hasHandles = m_in.hasHandles() || core.form.version >= AcDb::kDHL_1012;
     m_in.NumberAll();
     std::stable_sort(core.form.spellings.begin(), core.form.spellings.end(),
                      [](const KeptSpelling& a, const KeptSpelling& b) { return std::less<>()(a.object, b.object); });

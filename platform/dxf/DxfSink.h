@@ -13,8 +13,9 @@ template <class Writer>
 class DxfSink final : public GroupSink {
 public:
     // `isSameForm`: the file is of the version that the drawing came in, so that its spellings hold.
-    DxfSink(Writer& writer, const TextCodec& codec, const DbCore& core, bool isSameForm)
-        : m_writer(writer), m_codec(codec), m_core(core), m_isSameForm(isSameForm)
+    // `hasHandles`: objects are written with the handles of their own.
+    DxfSink(Writer& writer, const TextCodec& codec, const DbCore& core, bool isSameForm, bool hasHandles)
+        : m_writer(writer), m_codec(codec), m_core(core), m_isSameForm(isSameForm), m_hasHandles(hasHandles)
     {
     }
 
@@ -56,6 +57,8 @@ public:
     void Id(int code, AcDbObjectId value) override
     {
         const AcDbStub* stub = value;
+        if (!m_hasHandles && stub == m_object && KindOfGroup(code) == GroupKind::Text)
+            return;
         if (m_spelling != nullptr) {
             stub = OwnerAsRead(code, stub);
             if (const KeptSpelling* kept = stub == nullptr ? TextForHandle(code) : nullptr)
@@ -137,6 +140,7 @@ private:
     const KeptSpelling* m_spelling = nullptr;   // the first one of the present object
     const KeptSpelling* m_next = nullptr;       // behind the one used last
     bool m_isSameForm;
+    bool m_hasHandles;
     bool m_isInReactors = false;
     std::string m_raw;
 };

@@ -1,16 +1,22 @@
 #include "DxfWriter.h"
 #include "../db/AcDbBlockTableRecord.h"
 #include "../db/AcDbDatabase.h"
+#include "../db/AcDbDimStyleTableRecord.h"
 #include "../db/AcDbSymbolTable.h"
 #include "../win/AtomicFile.h"
 #include "DxfNames.h"
 #include "DxfSink.h"
 #include "DxfVersion.h"
+#include "TagNumbers.h"
+#include <algorithm>
 #include <unordered_set>
 
 namespace KxPlat {
 
 namespace {
+
+// Handles from here on leave no room for the next one.
+constexpr uint64_t kLastHandle = ~uint64_t(0) - 1;
 
 bool IsLive(const AcDbStub* stub)
 {
@@ -21,8 +27,10 @@ template <class Writer>
 class DxfWriter {
 public:
     DxfWriter(DbCore& core, Writer& writer, const TextCodec& codec, AcDb::AcDbDwgVersion version)
-        : m_core(core), m_writer(writer), m_codec(codec),
-          m_sink(writer, codec, core, core.form.isDxf && version == core.form.version), m_version(version)
+        : m_core(core), m_writer(writer), m_codec(codec), m_version(version),
+          m_isSameForm(core.form.isDxf && version == core.form.version),
+          m_hasHandles(version >= AcDb::kDHL_1012 || core.form.hasHandles),
+          m_sink(writer, codec, core, m_isSameForm, m_hasHandles)
     {
         m_form.version = version;
         m_form.asRead = true;
@@ -31,12 +39,27 @@ public:
 
 private:
     using SectionWriter = void (DxfWriter::*)();
+    using SectionTest = bool (DxfWriter::*)() const;
     struct SectionRow {
         const char* name;
         SectionWriter write;
+        SectionTest hasContent;
         AcDb::AcDbDwgVersion since;
     };
     static const SectionRow kSections[];
+    bool HasHeader() const { return !m_core.header.All().empty(); }
+    bool HasClasses() const { return !m_core.form.classes.empty(); }
+    bool HasTables() const;
+    bool HasBlocks() const;
+    bool HasEntities() const { return true; }
+    bool HasObjects() const;
+    bool IsWanted(const SectionRow& row) const;
+    bool IsWanted(TableKind kind) const;
+    bool IsWanted(const AcDbStub* stub) const { return IsLive(stub) && !IsLeftOut(*stub); }
+    bool IsLeftOut(const AcDbStub& stub) const;
+    bool IsBlockWanted(const AcDbStub* stub) const;
+    bool IsHandleUnwritten(const AcDbStub& stub) const;
+    uint64_t HandleSeed() const;
 
     bool IsR12() const { return m_version < AcDb::kDHL_1012; }
     void Section(const SectionRow& row);
@@ -57,17 +80,99 @@ private:
     DbCore& m_core;
     Writer& m_writer;
     const TextCodec& m_codec;
-    DxfSink<Writer> m_sink;
     AcDb::AcDbDwgVersion m_version;
+    bool m_isSameForm;   // the file is of the form in which the drawing came
+    bool m_hasHandles;
+    DxfSink<Writer> m_sink;
     GroupForm m_form;
 };
 
 template <class Writer>
 const typename DxfWriter<Writer>::SectionRow DxfWriter<Writer>::kSections[] = {
-    {"HEADER", &DxfWriter::Header, AcDb::kDHL_1009},     {"CLASSES", &DxfWriter::Classes, AcDb::kDHL_1012},
-    {"TABLES", &DxfWriter::Tables, AcDb::kDHL_1009},     {"BLOCKS", &DxfWriter::Blocks, AcDb::kDHL_1009},
-    {"ENTITIES", &DxfWriter::Entities, AcDb::kDHL_1009}, {"OBJECTS", &DxfWriter::Objects, AcDb::kDHL_1012},
+    {"HEADER", &DxfWriter::Header, &DxfWriter::HasHeader, AcDb::kDHL_1009},
+    {"CLASSES", &DxfWriter::Classes, &DxfWriter::HasClasses, AcDb::kDHL_1012},
+    {"TABLES", &DxfWriter::Tables, &DxfWriter::HasTables, AcDb::kDHL_1009},
+    {"BLOCKS", &DxfWriter::Blocks, &DxfWriter::HasBlocks, AcDb::kDHL_1009},
+    {"ENTITIES", &DxfWriter::Entities, &DxfWriter::HasEntities, AcDb::kDHL_1009},
+    {"OBJECTS", &DxfWriter::Objects, &DxfWriter::HasObjects, AcDb::kDHL_1012},
 };
+
+// What the file did without, it goes on without, as long as nobody changed it. From AC1015 on other objects may refer to
+// such a record by its handle; dimension styles are referred to by name only.
+template <class Writer>
+bool DxfWriter<Writer>::IsLeftOut(const AcDbStub& stub) const
+{
+    return m_isSameForm && stub.handle >= m_core.form.impliedFrom && stub.handle < m_core.form.impliedTo &&
+           (ObjectAccess::State(*stub.object) & kChangedSinceRead) == 0 &&
+           (m_version < AcDb::kDHL_1015 || stub.object->isKindOf(AcDbDimStyleTableRecord::desc()));
+}
+
+template <class Writer>
+bool DxfWriter<Writer>::IsWanted(const SectionRow& row) const
+{
+    if (m_version < row.since)
+        return false;
+    const std::vector<std::string>& read = m_core.form.sectionOrder;
+    return !m_isSameForm || std::find(read.begin(), read.end(), row.name) != read.end() || (this->*row.hasContent)();
+}
+
+template <class Writer>
+bool DxfWriter<Writer>::IsWanted(TableKind kind) const
+{
+    if (IsR12() && kind == TableKind::Block)
+        return false;
+    const std::vector<AcDbStub*>& records = m_core.Table(kind)->records();
+    return !m_isSameForm || m_version >= AcDb::kDHL_1015 ||
+           std::any_of(records.begin(), records.end(), [this](const AcDbStub* stub) { return IsWanted(stub); });
+}
+
+template <class Writer>
+bool DxfWriter<Writer>::HasTables() const
+{
+    return std::any_of(std::begin(kDxfTables), std::end(kDxfTables),
+                       [this](const DxfTableName& row) { return IsWanted(row.kind); });
+}
+
+template <class Writer>
+bool DxfWriter<Writer>::HasBlocks() const
+{
+    const std::vector<AcDbStub*>& blocks = m_core.Table(TableKind::Block)->records();
+    return std::any_of(blocks.begin(), blocks.end(), [this](const AcDbStub* stub) { return IsBlockWanted(stub); });
+}
+
+template <class Writer>
+bool DxfWriter<Writer>::HasObjects() const
+{
+    bool has = false;
+    m_core.handles.ForEach([&](const AcDbStub& stub) { has = has || (IsWanted(&stub) && IsPlainObject(*stub.object)); });
+    return has;
+}
+
+template <class Writer>
+bool DxfWriter<Writer>::IsHandleUnwritten(const AcDbStub& stub) const
+{
+    if (!m_isSameForm || stub.handle < m_core.form.numberedFrom || stub.handle >= m_core.form.impliedTo)
+        return false;
+    const bool isChanged = (ObjectAccess::State(*stub.object) & kChangedSinceRead) != 0;
+    return IsLeftOut(stub) || (IsR12() && !isChanged) || ObjectAccess::Shape(*stub.object) != 0;
+}
+
+// The first handle above all that are written, unless the drawing's own is higher.
+template <class Writer>
+uint64_t DxfWriter<Writer>::HandleSeed() const
+{
+    uint64_t seed = 1;
+    if (const HeaderVar* read = m_core.header.Find("$HANDSEED"))
+        if (!read->groups.empty())
+            seed = ParseHandle(TextCodec().Encode(read->groups[0].text())).value_or(1);
+    if (seed >> 48 != 0)
+        seed = 1;
+    m_core.handles.ForEach([&](const AcDbStub& stub) {
+        if (stub.handle >= seed && stub.handle < kLastHandle && stub.object != nullptr && !IsHandleUnwritten(stub))
+            seed = stub.handle + 1;
+    });
+    return seed;
+}
 
 template <class Writer>
 void DxfWriter<Writer>::Write()
@@ -75,7 +180,7 @@ void DxfWriter<Writer>::Write()
     for (const std::string& comment : m_core.form.comments)
         m_writer.Text(999, comment);
     for (const SectionRow& row : kSections)
-        if (m_version >= row.since)
+        if (IsWanted(row))
             Section(row);
     Loose();
     m_writer.Text(0, "EOF");
@@ -99,8 +204,8 @@ void DxfWriter<Writer>::Header()
         m_writer.Text(9, variable.name);
         if (variable.name == "$ACADVER" && m_version != m_core.form.version)
             m_writer.Text(1, NameOfVersion(m_version));
-        else if (variable.name == "$HANDSEED" && m_core.form.hasHandles)
-            m_writer.Handle(5, m_core.handles.NextHandle());
+        else if (variable.name == "$HANDSEED" && m_hasHandles)
+            m_writer.Handle(5, HandleSeed());
         else
             m_sink.Groups(variable.groups);
     }
@@ -143,24 +248,22 @@ void DxfWriter<Writer>::Tables()
     std::unordered_set<std::string_view> done;
     for (const std::string& name : m_core.form.tableOrder)
         for (const DxfTableName& row : kDxfTables)
-            if (name == row.name && done.insert(row.name).second)
+            if (name == row.name && (m_isSameForm || IsWanted(row.kind)) && done.insert(row.name).second)
                 Table(row);
     for (const DxfTableName& row : kDxfTables)
-        if (done.count(row.name) == 0)
+        if (done.count(row.name) == 0 && IsWanted(row.kind))
             Table(row);
 }
 
 template <class Writer>
 void DxfWriter<Writer>::Table(const DxfTableName& row)
 {
-    if (IsR12() && row.kind == TableKind::Block)
-        return;
     const AcDbSymbolTable& table = *m_core.Table(row.kind);
     m_writer.Text(0, "TABLE");
     m_writer.Text(2, row.name);
     m_sink.Groups(table, m_form);
     for (const AcDbStub* record : table.records())
-        if (IsLive(record))
+        if (IsWanted(record))
             m_sink.Write(row.name, *record->object, m_form);
     m_writer.Text(0, "ENDTAB");
 }
@@ -176,21 +279,28 @@ template <class Writer>
 void DxfWriter<Writer>::Blocks()
 {
     for (AcDbStub* stub : m_core.Table(TableKind::Block)->records())
-        if (IsLive(stub))
+        if (IsBlockWanted(stub))
             Block(static_cast<AcDbBlockTableRecord&>(*stub->object));
+}
+
+// The oldest files have no need of blocks for the spaces, unless they came with them.
+template <class Writer>
+bool DxfWriter<Writer>::IsBlockWanted(const AcDbStub* stub) const
+{
+    if (!IsLive(stub))
+        return false;
+    const AcDbBlockTableRecord& block = static_cast<const AcDbBlockTableRecord&>(*stub->object);
+    if (block.beginStub() != nullptr && ObjectAccess::Shape(*block.beginStub()->object) != 0)
+        return true;
+    return !IsLeftOut(*stub) && !(IsR12() && (block.isModelSpace() || block.isPaperSpace()));
 }
 
 template <class Writer>
 void DxfWriter<Writer>::Block(AcDbBlockTableRecord& block)
 {
-    // Old files have no need of blocks for the spaces, unless they came with them.
-    const bool isSpace = IsSpace(block);
-    if (IsR12() && (isSpace || block.isPaperSpace()) &&
-        (block.beginStub() == nullptr || ObjectAccess::Shape(*block.beginStub()->object) == 0))
-        return;
     block.completeBlock();
     m_sink.Write("BLOCK", *block.beginStub()->object, m_form);
-    if (!isSpace)
+    if (!IsSpace(block))
         AllEntities(block);
     m_sink.Write("ENDBLK", *block.endStub()->object, m_form);
 }
@@ -232,7 +342,7 @@ template <class Writer>
 void DxfWriter<Writer>::Objects()
 {
     const auto write = [this](const AcDbStub* stub) {
-        if (IsLive(stub) && !AcDbObjectId(const_cast<AcDbStub*>(stub)).isEffectivelyErased())
+        if (IsWanted(stub) && !AcDbObjectId(const_cast<AcDbStub*>(stub)).isEffectivelyErased())
             m_sink.Write(DxfNameOf(*stub->object), *stub->object, m_form);
     };
     if (m_core.form.objectOrder.empty())

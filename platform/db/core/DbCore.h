@@ -53,7 +53,9 @@ struct FileForm {
     std::vector<std::string> tableOrder;      // "VPORT", "LTYPE", ...
     std::vector<LooseRecord> classes;
     std::vector<LooseSection> sections;       // everything besides the known six
-    uint64_t impliedFrom = 0, impliedTo = 0;  // handles given to what the file left out; the second is the first free one
+    // Handles given after reading: from the first on to objects that came without one and stay so in files of the same
+    // form, from the second on to what the file left out altogether. The third is the first free one.
+    uint64_t numberedFrom = 0, impliedFrom = 0, impliedTo = 0;
     std::vector<AcDbStub*> objectOrder;       // of the OBJECTS section
     std::vector<KeptSpelling> spellings;      // sorted by object
     uint64_t repairs = 0;                     // faults that reading mended

@@ -203,7 +203,8 @@ void BuildDefaultDrawing(DbCore& core)
 
 void CompleteDrawing(DbCore& core)
 {
-    core.form.impliedFrom = core.handles.NextHandle();
+    if (core.form.impliedFrom == 0)
+        core.form.impliedFrom = core.handles.NextHandle();
     EnsureStandardRecords(core);
     if (core.namedObjects == nullptr)
         core.namedObjects = core.Adopt(new AcDbDictionary, 0, nullptr, false);
@@ -213,7 +214,8 @@ void CompleteDrawing(DbCore& core)
         EnsureDictionary(core, static_cast<AcDbDictionary*>(core.namedObjects->object), L"ACAD_GROUP");
     core.form.impliedTo = core.handles.NextHandle();
     for (uint64_t handle = core.form.impliedFrom; handle < core.form.impliedTo; ++handle)
-        ObjectAccess::State(*core.handles.Find(handle)->object) &= ~uint32_t(kChangedSinceRead);
+        if (AcDbStub* stub = core.handles.Find(handle); stub != nullptr && stub->object != nullptr)
+            ObjectAccess::State(*stub->object) &= ~uint32_t(kChangedSinceRead);
     core.currentSpace = core.modelSpace;
     if (!core.database->tilemode()) {
         AcDbStub* paper = core.Table(TableKind::Block)->find(ACDB_PAPER_SPACE);

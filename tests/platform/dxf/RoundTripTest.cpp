@@ -76,7 +76,7 @@ struct MendedRow {
     std::set<int> codes;
 };
 const MendedRow kMended[] = {
-    {"absurd_counts.dxf", {40, 50, 51, 72, 73, 74, 90, 91}},
+    {"absurd_counts.dxf", {40, 50, 51, 72, 73, 74, 90, 91, 98}},
     {"bad_handles.dxf", {330, 340, 1005}},
 };
 
@@ -107,7 +107,8 @@ TEST_P(RoundTrip, KeepsEveryGroup)
     const std::set<int> mended = MendedCodes(GetParam());
     int reported = 0;
     for (auto& [key, record] : ByKey(before, byPlace)) {
-        if (record.type == "$HANDSEED")
+        // Its handles may lie above its own seed.
+        if (record.type == "$HANDSEED" && (byPlace || !mended.empty()))
             continue;
         const auto place = written.find(key);
         const std::string difference = place == written.end() ? record.section + " " + record.type + " is lost"
