@@ -147,7 +147,7 @@ class Compiler:
         self.begin()
         while not self.ends():
             place = self.peek()[2]
-            number = self.factor()
+            number = self.number()
             self.skip(",")
             if number in self.strings:
                 raise ScriptError(f"{place}: string {number} is there twice")

@@ -40,9 +40,10 @@ public:
 
     void SetAtGrow(INT_PTR index, ARG_TYPE item)
     {
+        const TYPE copy(item);
         if (index >= GetSize())
             SetSize(index + 1);
-        m_items[Checked(index)] = item;
+        m_items[Checked(index)] = copy;
     }
     INT_PTR Add(ARG_TYPE item)
     {

@@ -58,6 +58,10 @@ BOOL CFile::Open(const wchar_t* fileName, UINT openFlags, CFileException* error)
         return TRUE;
     if (error != nullptr) {
         error->m_lOsError = LastError();
+        const size_t folder = path.find_last_of('/');
+        if (error->m_lOsError == ERROR_FILE_NOT_FOUND && folder != std::string::npos && folder > 0 &&
+            !KxPlat::FileInfoOf(path.substr(0, folder)).isFolder)
+            error->m_lOsError = ERROR_PATH_NOT_FOUND;
         error->m_cause = CFileException::OsErrorToException(error->m_lOsError);
         error->m_strFileName = m_strFileName;
     }

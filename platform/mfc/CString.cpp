@@ -448,8 +448,8 @@ CString& CString::MakeLower()
 
 CString& CString::MakeReverse()
 {
-    if (GetLength() > 1)
-        std::reverse(GetBuffer(), m_text + GetLength());
+    wchar_t* text = IsEmpty() ? Nil() : GetBuffer();
+    std::reverse(text, text + GetLength());
     return *this;
 }
 

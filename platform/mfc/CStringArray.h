@@ -11,8 +11,9 @@ public:
     INT_PTR Add(const CString& text)
     {
         const INT_PTR index = GetSize();
+        const CString added(text);   // `text` may be in the array, which moves
         SetSize(index + 1);
-        ElementAt(index) = text;
+        ElementAt(index) = added;
         return index;
     }
     void SetAt(INT_PTR index, const CString& text) { ElementAt(index) = text; }
