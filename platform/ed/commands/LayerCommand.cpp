@@ -4,6 +4,7 @@
 #include "../../db/AcDbLinetypeTableRecord.h"
 #include "../../db/core/DbCore.h"
 #include "../../db/core/Wildcard.h"
+#include "../../win/CrtText.h"
 #include "../acedads.h"
 #include "HostCommands.h"
 #include <functional>
