@@ -5,6 +5,7 @@
 
 namespace KxPlat {
 
+UndoLog::UndoLog() = default;
 UndoLog::~UndoLog() = default;
 
 void UndoLog::Begin(const CString& command)

@@ -14,6 +14,7 @@ namespace KxPlat {
 
 class UndoLog {
 public:
+    UndoLog();
     ~UndoLog();
 
     // Starts a step, by the name of its command. Steps that changed nothing leave no trace.
