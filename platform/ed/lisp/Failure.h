@@ -13,6 +13,7 @@ struct Failure {
     std::wstring message;   // in the drawing host's wording: "too few arguments"
     Kind kind;
     Value form;               // the innermost one that was being evaluated
+    std::wstring place;       // file and line, for forms of a file
     bool isLocated = false;   // `form` is set
     bool isHandled = false;   // the program's *error* function has dealt with it
 };

@@ -1,10 +1,12 @@
 #include "HostVariables.h"
+#include "../SysVars.h"
 
 namespace KxPlat::Lisp {
 
-int HostInteger(const wchar_t*, int byDefault)
+int HostInteger(const wchar_t* name, int byDefault)
 {
-    return byDefault;
+    VarValue value;
+    return GetVar(name, value) == VarAnswer::Done ? value.integer : byDefault;
 }
 
 }   // namespace KxPlat::Lisp

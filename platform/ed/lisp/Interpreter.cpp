@@ -325,8 +325,8 @@ void Interpreter::Conclude(const Failure& failure)
     std::wstring report = L"\n; error: " + failure.message;
     if (failure.form)
         report += L"\n; in: " + Shortened(failure.form);
-    if (!sourceName.empty())
-        report += L"\n; file: " + sourceName + L", line " + std::to_wstring(sourceLine);
+    if (!failure.place.empty())
+        report += L"\n; file: " + failure.place;
     Ui().Print(report + L"\n");
 }
 
@@ -335,10 +335,8 @@ bool Interpreter::Run(std::wstring_view text, Value& result)
     return Protected([&] {
         Reader reader(*this, text);
         Value form;
-        while (reader.Read(form)) {
-            sourceLine = reader.line();
+        while (reader.Read(form))
             result = Eval(form);
-        }
     });
 }
 

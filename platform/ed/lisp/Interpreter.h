@@ -76,10 +76,6 @@ public:
     void CheckInterrupt();
     void AddBuiltins(const BuiltinTable& table);
 
-    // Where the text being evaluated comes from, for messages: a file's name, or empty.
-    std::wstring sourceName;
-    int sourceLine = 0;
-
 private:
     // Keeps the base of the stack of evaluations, across nested entries.
     class Entry {

@@ -1,0 +1,179 @@
+// Questions to the user. Enter answers nil, a keyword its name, Esc ends the program.
+#include "../acedads.h"
+#include "HostValues.h"
+#include "Interpreter.h"
+
+namespace KxPlat::Lisp {
+
+namespace {
+
+[[noreturn]] void Cancelled()
+{
+    throw Failure(L"Function cancelled", Failure::Kind::Cancelled);
+}
+
+// What every question shares: an optional base point and an optional prompt, in that order.
+struct Question {
+    ads_point base = {0, 0, 0};
+    bool hasBase = false;
+    const wchar_t* prompt = nullptr;
+
+    explicit Question(const Arguments& arguments)
+    {
+        for (const Value& argument : arguments) {
+            if (argument.IsNil())
+                continue;
+            if (argument.IsCons()) {
+                const Point point = PointOf(argument);
+                base[X] = point.x;
+                base[Y] = point.y;
+                base[Z] = point.z;
+                hasBase = true;
+            } else {
+                prompt = TextOf(argument).c_str();
+            }
+        }
+    }
+    const ads_real* from() const { return hasBase ? base : nullptr; }
+};
+
+// nil for Enter, the keyword for a keyword; otherwise `made`.
+Value Answer(int answer, Value made)
+{
+    constexpr size_t kLongestInput = 512;
+    ACHAR keyword[kLongestInput];
+    switch (answer) {
+    case RTNORM:
+        return made;
+    case RTNONE:
+        return Value();
+    case RTKWORD:
+        return acedGetInput(keyword) == RTNORM ? Value(static_cast<const wchar_t*>(keyword)) : Value();
+    default:
+        Cancelled();
+    }
+}
+
+Value PointValue(const ads_point point)
+{
+    return ListOf(double(point[X]), double(point[Y]), double(point[Z]));
+}
+
+Value InitGet(Interpreter&, const Arguments& arguments)
+{
+    int bits = 0;
+    const wchar_t* keywords = nullptr;
+    for (const Value& argument : arguments) {
+        if (argument.IsText())
+            keywords = argument.text().c_str();
+        else if (argument)
+            bits = IntegerOf(argument);
+    }
+    acedInitGet(bits, keywords);
+    return Value();
+}
+
+Value GetPoint(Interpreter&, const Arguments& arguments)
+{
+    const Question question(arguments);
+    ads_point point;
+    const int answer = acedGetPoint(question.from(), question.prompt, point);
+    return Answer(answer, answer == RTNORM ? PointValue(point) : Value());
+}
+
+Value GetCorner(Interpreter&, const Arguments& arguments)
+{
+    const Question question(arguments);
+    if (!question.hasBase)
+        Fail(L"bad point argument");
+    ads_point point;
+    const int answer = acedGetCorner(question.base, question.prompt, point);
+    return Answer(answer, answer == RTNORM ? PointValue(point) : Value());
+}
+
+template <int (*Get)(const ads_point, const ACHAR*, ads_real*)>
+Value GetMeasure(Interpreter&, const Arguments& arguments)
+{
+    const Question question(arguments);
+    ads_real result = 0;
+    return Answer(Get(question.from(), question.prompt, &result), Value(double(result)));
+}
+
+Value GetReal(Interpreter&, const Arguments& arguments)
+{
+    ads_real result = 0;
+    return Answer(acedGetReal(Question(arguments).prompt, &result), Value(double(result)));
+}
+
+Value GetInteger(Interpreter&, const Arguments& arguments)
+{
+    int result = 0;
+    return Answer(acedGetInt(Question(arguments).prompt, &result), Value(int32_t(result)));
+}
+
+Value GetText(Interpreter&, const Arguments& arguments)
+{
+    constexpr size_t kLongestInput = 512;
+    const bool allowsBlanks = arguments.count > 0 && !arguments[0].IsText() && bool(arguments[0]);
+    const wchar_t* prompt = nullptr;
+    for (const Value& argument : arguments)
+        if (argument.IsText())
+            prompt = argument.text().c_str();
+    ACHAR result[kLongestInput] = {};
+    const int answer = acedGetString(allowsBlanks, prompt, result);
+    // Enter is an empty text here.
+    return answer == RTNONE ? Value(L"") : Answer(answer, Value(static_cast<const wchar_t*>(result)));
+}
+
+Value GetKeyword(Interpreter&, const Arguments& arguments)
+{
+    constexpr size_t kLongestInput = 512;
+    ACHAR result[kLongestInput] = {};
+    const int answer = acedGetKword(Question(arguments).prompt, result);
+    return Answer(answer, Value(static_cast<const wchar_t*>(result)));
+}
+
+// The entity and the point at which it was picked; nil when nothing was.
+Value EntSel(Interpreter&, const Arguments& arguments)
+{
+    ads_name entity;
+    ads_point point = {0, 0, 0};
+    const int answer = acedEntSel(Question(arguments).prompt, entity, point);
+    if (answer == RTERROR)
+        return Value();
+    return Answer(answer, answer == RTNORM ? ListOf(EntityNameValue(entity), PointValue(point)) : Value());
+}
+
+// (getfiled title name extensions flags); bit 1 asks for a file to be written.
+Value GetFileName(Interpreter&, const Arguments& arguments)
+{
+    resbuf result = {};
+    const int answer = acedGetFileD(TextOf(arguments[0]).c_str(), TextOf(arguments[1]).c_str(),
+                                    TextOf(arguments[2]).c_str(), IntegerOf(arguments[3]), &result);
+    if (answer != RTNORM || result.restype != RTSTR)
+        return Value();
+    Value name(static_cast<const wchar_t*>(result.resval.rstring));
+    acutDelString(result.resval.rstring);
+    return name;
+}
+
+const Builtin kRows[] = {
+    {L"INITGET", InitGet, 0, 2},
+    {L"GETPOINT", GetPoint, 0, 2},
+    {L"GETCORNER", GetCorner, 1, 2},
+    {L"GETDIST", GetMeasure<acedGetDist>, 0, 2},
+    {L"GETANGLE", GetMeasure<acedGetAngle>, 0, 2},
+    {L"GETORIENT", GetMeasure<acedGetOrient>, 0, 2},
+    {L"GETREAL", GetReal, 0, 1},
+    {L"GETINT", GetInteger, 0, 1},
+    {L"GETSTRING", GetText, 0, 2},
+    {L"GETKWORD", GetKeyword, 0, 1},
+    {L"ENTSEL", EntSel, 0, 1},
+    {L"GETFILED", GetFileName, 4, 4},
+};
+
+}   // namespace
+
+const BuiltinTable kUserInput = TableOf(kRows);
+
+}   // namespace KxPlat::Lisp
