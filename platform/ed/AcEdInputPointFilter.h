@@ -1,6 +1,6 @@
 // Sees each point of the cursor while a document asks for input, and may change it or its tooltip.
 #pragma once
-#include "../db/AcDbObjectId.h"
+#include "../db/AcDbObject.h"
 #include "../ge/AcGePoint3d.h"
 #include "../rx/AcArray.h"
 #include "../rx/AcRxObject.h"

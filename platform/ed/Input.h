@@ -22,8 +22,10 @@ struct InputPiece {
     std::wstring text;
     resbuf value = {};   // for Value; a text in it is not used, RTSTR comes as Text
     std::vector<void*>
-        objects;              // AcDbStub pointers that a pointing host picked; Value with restype RTPICKS and no name
-    bool isLiteral = false;   // handed over by a program: no LISP form, no "!", no transparent command
+        objects;               // AcDbStub pointers that a pointing host picked; Value with restype RTPICKS and no name
+    bool isLiteral = false;    // handed over by a program: no LISP form, no "!", no transparent command
+    bool isScripted = false;   // from a script: a bad answer is the session's failure
+    bool isPause = false;      // of a program that wants the user to answer
 
     bool IsEnter() const { return type == Type::Text && text.empty(); }
 };
@@ -36,49 +38,50 @@ public:
     virtual ~InputSource() = default;
     // False when nothing is left; the stack then drops the source.
     virtual bool Next(const InputRequest& request, TextRule rule, InputPiece& piece) = 0;
-    virtual bool IsScript() const { return false; }     // a failure under it is the session's failure
-    virtual bool IsKeyboard() const { return false; }   // shows its prompts itself
-    virtual bool IsProgram() const { return false; }    // arguments of acedCommand: nothing is echoed
-    virtual bool Echoes() const { return true; }
+    virtual bool IsProgram() const { return false; }   // goes when the user cancels
+    virtual bool Echoes() const { return true; }       // prompts and answers are shown
 };
 
-// Cuts text into pieces: words, lines, LISP forms over several lines, escapes (characters 27 and 3).
+// Cuts text into pieces: words, lines, LISP forms over several lines, escapes (characters 27 and 3). At the command
+// level a ";" starts a comment that ends with its line.
 class TextPieces {
 public:
-    explicit TextPieces(std::wstring text) : m_text(std::move(text)) {}
+    TextPieces() = default;
+    explicit TextPieces(std::wstring_view text);
+    bool Next(InputKind kind, TextRule rule, InputPiece& piece);
     bool IsDone() const { return m_at >= m_text.size(); }
-    // At the command level of a script, lines that begin with ";" are passed over.
-    bool Next(InputKind kind, TextRule rule, bool hasComments, InputPiece& piece);
-    // The number of the line that the next piece stands on, from 1.
-    int Line() const { return m_line; }
+    // A LISP form at its end lacks this many closing parentheses.
+    int MissingParentheses() const;
 
 private:
     void SkipComments();
+    void TakeWord(InputPiece& piece);
+    void TakeLine(InputPiece& piece);
     void TakeForm(InputPiece& piece);
-    wchar_t Take();
-    void PassLineEnd();
 
-    std::wstring m_text;
+    std::wstring m_text;   // lines end with "\n"
     size_t m_at = 0;
-    int m_line = 1;
 };
 
-// Text as if typed: a script, a queued string, a line of -c.
+// Text as if typed: a script, a line given to the program, a string that a module sent.
 class TextSource : public InputSource {
 public:
-    enum class Kind { Script, Typed, Queued };
-    TextSource(std::wstring text, Kind kind, bool echo = true) : m_pieces(std::move(text)), m_kind(kind), m_echo(echo)
+    enum class Kind { Script, Sent };
+    TextSource(std::wstring_view text, Kind kind, bool echoes = true) : m_pieces(text), m_kind(kind), m_echoes(echoes)
     {
     }
     bool Next(const InputRequest& request, TextRule rule, InputPiece& piece) override;
-    bool IsScript() const override { return m_kind != Kind::Queued; }
-    bool Echoes() const override { return m_echo; }
+    bool IsProgram() const override { return m_kind == Kind::Sent; }
+    bool Echoes() const override { return m_echoes; }
 
 private:
     TextPieces m_pieces;
     Kind m_kind;
-    bool m_echo;
+    bool m_echoes;
 };
+
+// A script file's text: UTF-8, with or without its mark, else the ANSI code page.
+std::wstring ScriptText(std::string_view bytes);
 
 // Arguments of acedCommand and LISP's command. RTSTR "" is Enter, RTSTR "\\" (PAUSE) asks the source below.
 class ArgumentSource : public InputSource {
@@ -86,7 +89,7 @@ public:
     explicit ArgumentSource(const resbuf* arguments) : m_next(arguments) {}   // the chain stays the caller's
     bool Next(const InputRequest& request, TextRule rule, InputPiece& piece) override;
     bool IsProgram() const override { return true; }
-    bool IsDone() const { return m_next == nullptr; }
+    bool Echoes() const override { return false; }
 
 private:
     const resbuf* m_next;
@@ -95,32 +98,34 @@ private:
 class InputStack {
 public:
     InputStack();
+    ~InputStack();
     InputStack(const InputStack&) = delete;
 
     // The stack owns what is pushed, until it is used up or removed.
-    InputSource* Push(std::unique_ptr<InputSource> source);
+    const InputSource* Push(std::unique_ptr<InputSource> source);
     void Remove(const InputSource* source);
-    // The next piece for a prompt. Shows prompt and answer where the keyboard does not do so itself.
-    InputPiece Next(const InputRequest& request, TextRule rule);
-    // Esc: drops what programs and queues still hold. Scripts stay.
+    bool Has(const InputSource* source) const;
+    // The next piece for a prompt. Shows prompt and answer where the keyboard does not do so itself. With `until`, what
+    // lies below that source is left alone: the input ends with it.
+    InputPiece Next(const InputRequest& request, TextRule rule, const InputSource* until = nullptr);
+    // What the user's Esc does: programs and sent strings end, and the rest of a typed line.
     void DropPrograms();
+    void DropAll();
 
-    bool IsScripted() const;   // the next piece comes from a script
-    size_t Depth() const { return m_sources.size(); }
+    bool HasSent() const;   // a program's piece or a sent string comes next
+    bool IsKeyboardNext() const { return m_sources.empty() && m_hasKeyboard; }
     void SetEcho(bool echo) { m_echo = echo; }                    // off: pieces of scripts are not shown
     void SetKeyboard(bool isThere) { m_hasKeyboard = isThere; }   // without one, input ends when scripts end
 
 private:
     class Keyboard;
-    void Show(const InputSource& source, const InputRequest& request, const InputPiece& piece) const;
+    bool NextFrom(size_t at, const InputRequest& request, TextRule rule, InputPiece& piece);
+    void Show(const InputRequest& request, const InputPiece& piece) const;
 
     std::vector<std::unique_ptr<InputSource>> m_sources;
     std::unique_ptr<Keyboard> m_keyboard;
     bool m_echo = true;
     bool m_hasKeyboard = true;
-
-public:
-    ~InputStack();
 };
 
 }   // namespace KxPlat

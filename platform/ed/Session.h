@@ -1,7 +1,10 @@
 // A running editor: documents, modules and the command line, between start and stop. One at a time in a process.
 #pragma once
 #include "../ap/Documents.h"
+#include "CommandLine.h"
+#include "EditorState.h"
 #include "Input.h"
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -23,17 +26,21 @@ public:
     static Session* Current();
 
     InputStack& input() { return m_input; }
+    CommandLine& line() { return m_line; }
+    EditorState& state() { return m_state; }
     const SessionOptions& options() const { return m_options; }
 
-    // Text as if typed, to its end. False when a command or form in it failed.
+    // Text as if typed, to its end, and what it queues. False when a command or form in it failed. A command that asks
+    // for more goes on with what lies below: the keyboard.
     bool Run(std::wstring_view text);
-    bool RunScript(std::wstring_view text);
+    bool RunScript(std::wstring_view text) { return Run(text); }
     // Until the input ends or the user quits.
     void Loop();
 
     // Something under a script went wrong; the session remembers it.
     void Fail() { m_hasFailed = true; }
     bool HasFailed() const { return m_hasFailed; }
+    void ClearFailure() { m_hasFailed = false; }
     // Ends Loop() as soon as the running command has ended.
     void Quit() { m_isQuitting = true; }
     bool IsQuitting() const { return m_isQuitting; }
@@ -41,6 +48,8 @@ public:
 private:
     SessionOptions m_options;
     InputStack m_input;
+    EditorState m_state;
+    CommandLine m_line;
     bool m_hasFailed = false;
     bool m_isQuitting = false;
 };
@@ -51,12 +60,12 @@ struct LispHook {
     // Evaluates the forms in `text` (or a "!name") in the document's environment and answers the value of the last one
     // as one value or a list; the caller frees the chain. False when it failed, which the user has been told by then.
     virtual bool Evaluate(AcApDocument& document, std::wstring_view text, resbuf*& value) = 0;
-    // The same at the command prompt: prints the value as the user sees it, unless it is (princ)'s.
+    // The same at the command prompt: prints the value as the user sees it, on a new line, unless it is (princ)'s.
     virtual bool EvaluateAndPrint(AcApDocument& document, std::wstring_view text) = 0;
     // C:NAME as a command.
     virtual bool HasCommand(AcApDocument& document, std::wstring_view name) = 0;
     virtual bool RunCommand(AcApDocument& document, std::wstring_view name) = 0;
-    // A function of a module was taken back, or the module that defined it goes.
+    // The module goes: functions that it still has defined go with it.
     virtual void ModuleUnloaded(void* appId) {}
 };
 void SetLispHook(LispHook* hook);

@@ -1,0 +1,194 @@
+#include "CommandLine.h"
+#include "../rx/AcRxDictionary.h"
+#include "../win/CharTables.h"
+#include "AcEdCommandStack.h"
+#include "Prompt.h"
+#include "Session.h"
+#include "SetVariable.h"
+#include <algorithm>
+
+namespace KxPlat {
+
+namespace {
+
+// A name as typed, without its prefixes: "_" global names, "." the host's own command, "'" transparent.
+struct TypedName {
+    std::wstring name;
+    bool isGlobal = false;
+    bool isNative = false;
+};
+
+TypedName Stripped(std::wstring typed)
+{
+    TypedName result;
+    size_t at = 0;
+    for (; at < typed.size() && (typed[at] == L'_' || typed[at] == L'.' || typed[at] == L'\''); ++at) {
+        result.isGlobal |= typed[at] == L'_';
+        result.isNative |= typed[at] == L'.';
+    }
+    result.name = Upper(typed.substr(at));
+    return result;
+}
+
+AcEdCommand* Lookup(const TypedName& typed)
+{
+    AcEdCommandStack* stack = acedRegCmds;
+    const std::wstring alias = typed.isNative ? typed.name : AliasOf(typed.name);
+    for (const std::wstring& name : {typed.name, alias}) {
+        if (AcEdCommand* command = stack->lookupCmd(name.c_str(), typed.isGlobal))
+            return command;
+    }
+    // "-NAME" asks on the command line; a command without a dialog needs no other form.
+    if (typed.name.size() > 1 && typed.name[0] == L'-')
+        return stack->lookupCmd(typed.name.c_str() + 1, typed.isGlobal);
+    return nullptr;
+}
+
+}   // namespace
+
+bool CommandLine::ExecuteNext(const InputSource* until)
+{
+    TakeQueue();
+    InputRequest request;
+    request.kind = InputKind::Command;
+    request.prompt = L"\nCommand: ";
+    const InputPiece piece = m_session.input().Next(request, TextRule::Word, until);
+    switch (piece.type) {
+    case InputPiece::Type::End:
+        return false;
+    case InputPiece::Type::Cancel:
+        if (!piece.isScripted)
+            m_session.input().DropPrograms();
+        return true;
+    case InputPiece::Type::Value:
+        return true;
+    case InputPiece::Type::Text:
+        break;
+    }
+    if (!RunText(piece))
+        m_session.Fail();
+    return true;
+}
+
+// Sent strings are taken up while no command runs: first those of the current document.
+void CommandLine::TakeQueue()
+{
+    if (!m_session.state().running.empty() || OpenDocuments().empty())
+        return;
+    const std::vector<AcApDocument*> documents = OpenDocuments();
+    AcApDocument* from = acDocManager->curDocument();
+    for (AcApDocument* document : documents) {
+        if (!StateOf(*from).queue.empty())
+            break;
+        if (!StateOf(*document).queue.empty() && StateOf(*document).queue.front().activate)
+            from = document;
+    }
+    std::vector<QueuedText>& queue = StateOf(*from).queue;
+    if (queue.empty())
+        return;
+    MakeCurrent(from);
+    const std::vector<QueuedText> taken = std::exchange(queue, {});
+    for (auto text = taken.rbegin(); text != taken.rend(); ++text)
+        m_session.input().Push(std::make_unique<TextSource>(text->text, TextSource::Kind::Sent, text->echo));
+}
+
+bool CommandLine::HasQueue() const
+{
+    const std::vector<AcApDocument*>& documents = OpenDocuments();
+    return m_session.input().HasSent() || std::any_of(documents.begin(), documents.end(), [](AcApDocument* document) {
+               return !StateOf(*document).queue.empty();
+           });
+}
+
+bool CommandLine::RunText(const InputPiece& piece)
+{
+    const std::wstring& text = piece.text;
+    if (text.empty()) {
+        const std::wstring last = m_session.state().lastCommand;
+        return piece.isLiteral || last.empty() || Run(last, piece);
+    }
+    AcApDocument* document = acDocManager->curDocument();
+    LispHook* lisp = TheLispHook();
+    if (lisp != nullptr && document != nullptr && (text[0] == L'(' || text[0] == L'!'))
+        return lisp->EvaluateAndPrint(*document, text);
+    return Run(text, piece);
+}
+
+bool CommandLine::Run(std::wstring text, const InputPiece& from)
+{
+    const TypedName typed = Stripped(text);
+    AcApDocument* document = acDocManager->curDocument();
+    LispHook* lisp = TheLispHook();
+    if (AcEdCommand* command = Lookup(typed)) {
+        if (m_session.state().running.empty() && (command->commandFlags() & ACRX_CMD_NOHISTORY) == 0)
+            m_session.state().lastCommand = command->globalName();
+        return KxPlat::RunCommand(*command, false);
+    }
+    if (!typed.isNative && lisp != nullptr && document != nullptr && lisp->HasCommand(*document, typed.name)) {
+        if (m_session.state().running.empty())
+            m_session.state().lastCommand = typed.name;
+        return RunLispCommand(*document, typed.name);
+    }
+    if (FindVar(typed.name) != nullptr) {
+        AskVariable(typed.name);
+        return true;
+    }
+    Ui().Print(L"\nUnknown command \"" + typed.name + L"\".  Press F1 for help.");
+    return false;
+}
+
+void CommandLine::RunTransparent(const InputPiece& piece)
+{
+    const TypedName typed = Stripped(piece.text);
+    const std::wstring outer = m_session.state().running.empty() ? L"" : m_session.state().running.back().globalName;
+    AcEdCommand* command = Lookup(typed);
+    if (command != nullptr && (command->commandFlags() & ACRX_CMD_TRANSPARENT) == 0) {
+        Ui().Print(L"\n** That command may not be invoked transparently **");
+        FailInput(piece);
+        return;
+    }
+    const bool isVariable = command == nullptr && FindVar(typed.name) != nullptr;
+    if (command == nullptr && !isVariable) {
+        Ui().Print(L"\nUnknown command \"" + typed.name + L"\".  Press F1 for help.");
+        FailInput(piece);
+        return;
+    }
+    // The prompt that was interrupted keeps its rules.
+    const PromptRules rules = m_session.state().rules;
+    if (isVariable)
+        AskVariable(typed.name);
+    else if (!KxPlat::RunCommand(*command, true))
+        FailInput(piece);
+    m_session.state().rules = rules;
+    if (!outer.empty())
+        Ui().Print(L"\nResuming " + outer + L" command.");
+}
+
+int CommandLine::RunArguments(const resbuf* arguments)
+{
+    InputStack& input = m_session.input();
+    const bool hadFailed = m_session.HasFailed();
+    m_wasCancelled = false;
+    m_session.ClearFailure();
+    const PromptRules rules = std::exchange(m_session.state().rules, PromptRules());
+    const InputSource* source = input.Push(std::make_unique<ArgumentSource>(arguments));
+    while (ExecuteNext(source)) {
+    }
+    input.Remove(source);
+    m_session.state().rules = rules;
+    const bool failed = m_session.HasFailed();
+    if (hadFailed)
+        m_session.Fail();
+    return m_wasCancelled ? RTCAN : failed ? RTERROR : RTNORM;
+}
+
+void CommandLine::Cancelled(const InputPiece& piece)
+{
+    m_wasCancelled = true;
+    if (!m_session.state().running.empty())
+        Ui().Print(L"*Cancel*");
+    if (m_session.input().IsKeyboardNext())
+        m_session.input().DropPrograms();
+}
+
+}   // namespace KxPlat

@@ -1,0 +1,45 @@
+// What the command line remembers between one call and the next. One per session.
+#pragma once
+#include "../rx/AdeskTypes.h"
+#include "acedads.h"
+#include "SysVars.h"
+#include <map>
+#include <string>
+#include <vector>
+
+namespace KxPlat {
+
+struct RunningCommand {
+    std::wstring globalName;
+    Adesk::Int32 flags = 0;
+    bool isTransparent = false;
+    void* module = nullptr;   // application id of the module that it belongs to; null for the host's own
+};
+
+// Set by acedInitGet for one prompt.
+struct PromptRules {
+    int bits = 0;
+    std::wstring keywords;
+};
+
+struct EditorState {
+    PromptRules rules;
+    std::wstring lastInput;   // what acedGetInput answers
+    int errorNumber = 0;
+    std::vector<RunningCommand> running;          // innermost last
+    std::wstring lastCommand;                     // what Enter repeats
+    void* module = nullptr;                       // application id of the module whose code runs now
+    std::map<std::wstring, VarValue> variables;   // those of the process, by name in capitals
+    std::vector<AcedFilterWinMsgFn> filters;
+    std::vector<AcedWatchWinMsgFn> watches;
+
+    int TransparentDepth() const;
+};
+
+// A message of the host's windows on its way through what modules hooked in; true when one of them swallowed it.
+bool PassMessage(MSG& message);
+
+// Null while no session runs.
+EditorState* TheEditor();
+
+}   // namespace KxPlat

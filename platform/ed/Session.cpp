@@ -1,0 +1,103 @@
+#include "Session.h"
+#include "../rx/AcRxDictionary.h"
+#include "../win/CharTables.h"
+#include "acedads.h"
+#include "commands/HostCommands.h"
+#include "CommandTable.h"
+#include "Modules.h"
+#include <algorithm>
+
+namespace KxPlat {
+
+namespace {
+
+Session* g_current = nullptr;
+LispHook* g_lisp = nullptr;
+
+template <class Object>
+void Register(const ACHAR* key, std::unique_ptr<Object> object)
+{
+    Adesk::UInt32 id = 0;
+    acrxSysRegistry()->atPut(key, object.release(), id);
+}
+
+void Unregister(const ACHAR* key)
+{
+    AcRxDictionary* registry = acrxSysRegistry();
+    delete registry->remove(key);
+}
+
+}   // namespace
+
+Session::Session(const SessionOptions& options) : m_options(options), m_line(*this)
+{
+    g_current = this;
+    m_input.SetEcho(options.echo);
+    m_input.SetKeyboard(options.hasKeyboard);
+    Register<AcRxObject>(ACRX_COMMAND_STACK, NewCommandStack());
+    Register<AcRxObject>(ACRX_DYNAMIC_LINKER, NewDynamicLinker());
+    AddHostCommands(*acedRegCmds);
+    SetDocumentListener({[](AcApDocument& document) { SendToModules(AcRx::kLoadDwgMsg, &document); },
+                         [](AcApDocument& document) { SendToModules(AcRx::kUnloadDwgMsg, &document); }});
+}
+
+Session::~Session()
+{
+    m_input.DropAll();
+    SendToModules(AcRx::kPreQuitMsg);
+    CloseAllDocuments();
+    UnloadAllModules();
+    SetDocumentListener({});
+    Unregister(ACRX_DYNAMIC_LINKER);
+    Unregister(ACRX_COMMAND_STACK);
+    g_current = nullptr;
+}
+
+Session* Session::Current()
+{
+    return g_current;
+}
+
+bool Session::Run(std::wstring_view text)
+{
+    const bool hadFailed = m_hasFailed;
+    m_hasFailed = false;
+    const InputSource* source = m_input.Push(std::make_unique<TextSource>(text, TextSource::Kind::Script));
+    while (!m_isQuitting && m_line.ExecuteNext(source)) {
+    }
+    m_input.Remove(source);
+    while (!m_isQuitting && m_line.HasQueue() && m_line.ExecuteNext()) {
+    }
+    const bool isGood = !m_hasFailed;
+    m_hasFailed |= hadFailed;
+    return isGood;
+}
+
+void Session::Loop()
+{
+    while (!m_isQuitting && m_line.ExecuteNext()) {
+    }
+}
+
+int EditorState::TransparentDepth() const
+{
+    return int(std::count_if(running.begin(), running.end(),
+                             [](const RunningCommand& command) { return command.isTransparent; }));
+}
+
+EditorState* TheEditor()
+{
+    return g_current != nullptr ? &g_current->state() : nullptr;
+}
+
+void SetLispHook(LispHook* hook)
+{
+    g_lisp = hook;
+}
+
+LispHook* TheLispHook()
+{
+    return g_lisp;
+}
+
+}   // namespace KxPlat
