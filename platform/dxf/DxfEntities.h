@@ -88,6 +88,7 @@ AcDbBlockTableRecord* DxfEntities<Tags>::Space(bool isPaper)
     return space;
 }
 
+// No other block than a space has its entities in this section, whatever they say.
 template <class Tags>
 AcDbBlockTableRecord* DxfEntities<Tags>::OwnerOf(const AcDbEntity& entity)
 {
@@ -95,7 +96,8 @@ AcDbBlockTableRecord* DxfEntities<Tags>::OwnerOf(const AcDbEntity& entity)
     if (owner != nullptr) {
         if (owner == m_lastOwner)
             return m_lastBlock;
-        if (AcDbBlockTableRecord* block = AcDbBlockTableRecord::cast(owner->object)) {
+        AcDbBlockTableRecord* block = AcDbBlockTableRecord::cast(owner->object);
+        if (block != nullptr && (block->isModelSpace() || block->isPaperSpace())) {
             m_lastOwner = owner;
             return m_lastBlock = block;
         }

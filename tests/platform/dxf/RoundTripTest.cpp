@@ -19,7 +19,7 @@ namespace {
 std::vector<std::string> Drawings()
 {
     std::vector<std::string> paths;
-    for (const char* folder : {KX_DRAWINGS, KX_TEST_DATA}) {
+    for (const char* folder : {KX_DRAWINGS, KX_TEST_DATA, KX_SAMPLES}) {
         std::error_code none;
         for (const auto& entry : std::filesystem::directory_iterator(folder, none))
             if (entry.path().extension() == ".dxf")
