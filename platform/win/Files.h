@@ -32,7 +32,8 @@ FileInfo FileInfoOf(const std::string& hostPath);
 
 struct FolderEntry {
     std::string name;   // without the folder
-    bool isFolder = false;
+    bool isFolder = false;   // or a link to one
+    bool isLink = false;
 };
 // Without "." and "..", sorted without regard to case; empty when the folder cannot be read.
 std::vector<FolderEntry> ListFolder(const std::string& hostPath);

@@ -77,7 +77,7 @@ std::vector<FolderEntry> ListFolder(const std::string& hostPath)
             struct stat status = {};
             isFolder = stat((hostPath + "/" + name).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
         }
-        entries.push_back({name, isFolder});
+        entries.push_back({name, isFolder, entry->d_type == DT_LNK});
     }
     closedir(folder);
     std::sort(entries.begin(), entries.end(), [](const FolderEntry& a, const FolderEntry& b) {
