@@ -1,8 +1,8 @@
-// Whole commands as a drafter types them. Each folder of tests/transcripts holds a drawing, the lines typed and the text
-// that the user must see; tools/renew-transcripts writes that text anew, for review.
+// Whole commands as a drafter types them. Each folder of tests/transcripts holds a drawing, the lines typed and the
+// text that the user must see; tools/renew-transcripts writes that text anew, for review.
 #include "db/core/Stub.h"
-#include "ed/Session.h"
 #include "ed/acedads.h"
+#include "ed/Session.h"
 #include "rx/ResBufs.h"
 #include "ui/ScriptedUi.h"
 #include "win/CodePage.h"
