@@ -47,7 +47,7 @@ bool AsciiTags::SlowNext()
     const auto [stop, fault] = std::from_chars(line.data(), line.data() + line.size(), code);
     ++m_groups;
     if (fault != std::errc() || stop != line.data() + line.size() || code < 0 || code > 32767) {
-        m_report->Fail(Place(), m_next >= m_end ? "the file ends within a group" : "a group code is expected here");
+        m_report->Fail(Place(), "a group code is expected here");
         m_isCutOff = m_next >= m_end;
         m_next = m_end;
         return false;

@@ -89,7 +89,7 @@ public:
     }
     std::optional<std::string> Chunk() { return ParseChunk(Text()); }
 
-    DxfPlace Place() const { return {m_groups * 2 - 1 + m_extraLines, m_code, false}; }
+    DxfPlace Place() const { return {m_groups == 0 ? 1 : m_groups * 2 - 1 + m_extraLines, m_code, false}; }
     // Bytes that are done with.
     size_t Offset() const { return size_t(m_codeLine - m_begin); }
     bool isCutOff() const { return m_isCutOff; }   // the bytes ended within a group
