@@ -52,7 +52,8 @@ std::string HistoryFile()
     if ((state == nullptr || *state == 0) && (home == nullptr || *home == 0))
         return std::string();
     const std::filesystem::path folder =
-        std::filesystem::path(state != nullptr && *state != 0 ? std::string(state) : std::string(home) + "/.local/state") /
+        std::filesystem::path(state != nullptr && *state != 0 ? std::string(state)
+                                                              : std::string(home) + "/.local/state") /
         "kxcad";
     std::error_code error;
     std::filesystem::create_directories(folder, error);

@@ -1,9 +1,9 @@
 // kxcad: opens a drawing, loads modules, runs commands, saves.
+#include "ap/Documents.h"
+#include "ed/acedads.h"
+#include "ed/Session.h"
 #include "Options.h"
 #include "TerminalUi.h"
-#include "ap/Documents.h"
-#include "ed/Session.h"
-#include "ed/acedads.h"
 #include "win/CodePage.h"
 #include "win/Files.h"
 #include "win/Modules.h"
@@ -36,7 +36,7 @@ public:
 private:
     bool LoadModules();
     bool OpenDrawingFile();
-    bool RunSteps(Session& session, bool& couldRead);
+    bool ReadSteps(std::wstring& text);
     bool Save();
     void Complain(const std::string& what, const std::wstring& why) { m_ui.Complain(FromUtf8(what) + L": " + why); }
 
@@ -63,7 +63,8 @@ bool Program::LoadModules()
     bool isGood = true;
     for (const std::wstring& module : modules)
         if (acedArxLoad(module.c_str()) != RTNORM) {
-            Complain(ToUtf8(module), FileInfoOf(HostPath(module)).exists ? L"cannot be loaded as a module" : L"no such file");
+            Complain(ToUtf8(module),
+                     FileInfoOf(HostPath(module)).exists ? L"cannot be loaded as a module" : L"no such file");
             isGood = false;
         }
     return isGood;
@@ -73,21 +74,20 @@ bool Program::OpenDrawingFile()
 {
     AcApDocument* document = nullptr;
     std::wstring why;
-    const Acad::ErrorStatus status = m_options.drawing.empty() ? NewDrawing(std::wstring(), document, why)
-                                                              : OpenDrawing(FromUtf8(m_options.drawing), document, why);
+    const Acad::ErrorStatus status = m_options.drawing.empty()
+                                         ? NewDrawing(std::wstring(), document, why)
+                                         : OpenDrawing(FromUtf8(m_options.drawing), document, why);
     if (status != Acad::eOk)
         Complain(m_options.drawing, why);
     return status == Acad::eOk;
 }
 
-bool Program::RunSteps(Session& session, bool& couldRead)
+// All steps are one text as if typed, so that a command begun in one is answered by the next.
+bool Program::ReadSteps(std::wstring& text)
 {
-    bool isGood = true;
     for (const Step& step : m_options.steps) {
-        if (session.IsQuitting())
-            break;
         if (step.kind == Step::Kind::Command) {
-            isGood = session.Run(FromUtf8(step.text) + L"\n") && isGood;
+            text += FromUtf8(step.text) + L"\n";
             continue;
         }
         int error = 0;
@@ -98,20 +98,20 @@ bool Program::RunSteps(Session& session, bool& couldRead)
             script = ReadWholeFile(HostPath(FromUtf8(step.text)), error);
         if (error != 0) {
             Complain(step.text, SystemErrorText(error));
-            couldRead = false;
             return false;
         }
-        isGood = session.RunScript(IsUtf8(script) ? FromUtf8(script) : Decode(AnsiCodePage(), script)) && isGood;
+        text += ScriptText(script);
+        if (!text.empty() && text.back() != L'\n')
+            text += L'\n';
     }
-    return isGood;
+    return true;
 }
 
 bool Program::Save()
 {
     AcApDocument* document = acDocManager->mdiActiveDocument();
     std::wstring why = L"no drawing is open";
-    if (document != nullptr &&
-        SaveDrawing(*document, FromUtf8(m_options.output), AcDb::kDHL_CURRENT, why) == Acad::eOk)
+    if (document != nullptr && SaveDrawing(*document, FromUtf8(m_options.output), AcDb::kDHL_CURRENT, why) == Acad::eOk)
         return true;
     Complain(m_options.output, why);
     return false;
@@ -129,15 +129,15 @@ int Program::Run()
     int status = kDone;
     {
         Session session(sessionOptions);
-        bool couldRead = OpenDrawingFile() && LoadModules();
-        if (!couldRead) {
+        std::wstring typed;
+        if (!ReadSteps(typed) || !OpenDrawingFile() || !LoadModules()) {
             status = kUnreadable;
         } else {
             if (m_options.steps.empty())
                 session.Loop();
-            else if (!RunSteps(session, couldRead))
-                status = couldRead ? kCommandFailed : kUnreadable;
-            if (!m_options.output.empty() && couldRead && !Save())
+            else if (!session.Run(typed))
+                status = kCommandFailed;
+            if (!m_options.output.empty() && !Save())
                 status = kNotSaved;
         }
         m_ui.EndLine();

@@ -29,9 +29,13 @@ void RefuseGraphics(Options& options, const char* name)
 
 const OptionRow kOptions[] = {
     {"-s", "--script", true,
-     [](Options& o, const std::string& value) { o.steps.push_back({Step::Kind::Script, value}); }},
+     [](Options& o, const std::string& value) {
+         o.steps.push_back({Step::Kind::Script, value});
+     }},
     {"-c", "--command", true,
-     [](Options& o, const std::string& value) { o.steps.push_back({Step::Kind::Command, value}); }},
+     [](Options& o, const std::string& value) {
+         o.steps.push_back({Step::Kind::Command, value});
+     }},
     {"-m", "--module", true, [](Options& o, const std::string& value) { o.modules.push_back(value); }},
     {"", "--no-module", false, [](Options& o, const std::string&) { o.hasBaseModule = false; }},
     {"-o", "--output", true, [](Options& o, const std::string& value) { o.output = value; }},

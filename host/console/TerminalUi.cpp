@@ -1,5 +1,6 @@
 #include "TerminalUi.h"
 #include "ed/AcEdCommandStack.h"
+#include "ed/SessionAsk.h"
 #include "ui/TerminalDialog.h"
 #include "win/CharTables.h"
 #include "win/CodePage.h"
@@ -54,8 +55,12 @@ TerminalUi::TerminalUi(bool isQuiet)
 
 void TerminalUi::Print(std::wstring_view text)
 {
+    // The user's Enter has begun a new line already.
+    if (m_isFresh && !text.empty() && text[0] == L'\n')
+        text.remove_prefix(1);
     if (text.empty())
         return;
+    m_isFresh = false;
     const std::string bytes = ToUtf8(text);
     std::fwrite(bytes.data(), 1, bytes.size(), stdout);
     m_isLineOpen = bytes.back() != '\n';
@@ -99,12 +104,15 @@ InputEvent TerminalUi::Ask(const InputRequest& request)
         if (!m_reader.IsTerminal() && !m_isQuiet)
             Print(event.text + L"\n");
         m_isLineOpen = false;
+        m_isFresh = true;
         break;
     case LineReader::Result::Interrupted:
         event.type = InputEvent::Type::Cancel;
         Print(L"*Cancel*\n");
         break;
-    case LineReader::Result::End: event.type = InputEvent::Type::End; break;
+    case LineReader::Result::End:
+        event.type = InputEvent::Type::End;
+        break;
     }
     return event;
 }
@@ -130,9 +138,11 @@ int TerminalUi::ShowMessage(std::wstring_view text, std::wstring_view caption, u
         InputRequest request;
         request.kind = InputKind::Keyword;
         request.prompt = prompt;
-        const InputEvent event = Ask(request);
+        const InputEvent event = AskSession(request);
         if (event.type != InputEvent::Type::Text)
-            return kind == 0 ? IDOK : event.type == InputEvent::Type::Cancel && buttons[2].code == IDCANCEL ? IDCANCEL : byDefault.code;
+            return kind == 0                                                               ? IDOK
+                   : event.type == InputEvent::Type::Cancel && buttons[2].code == IDCANCEL ? IDCANCEL
+                                                                                           : byDefault.code;
         if (event.text.empty())
             return byDefault.code;
         for (const Answer& button : buttons)
@@ -143,7 +153,7 @@ int TerminalUi::ShowMessage(std::wstring_view text, std::wstring_view caption, u
 
 int TerminalUi::RunDialog(DialogModel& dialog)
 {
-    return RunTerminalDialog(dialog, *this);
+    return RunTerminalDialog(dialog, *this, AskSession);
 }
 
 void TerminalUi::Progress(std::wstring_view what, int percent)

@@ -24,6 +24,7 @@ private:
     LineReader m_reader;
     bool m_isQuiet;
     bool m_isLineOpen = false;
+    bool m_isFresh = true;   // at the start of a line that nobody ended in vain
     bool m_showsProgress;
 };
 

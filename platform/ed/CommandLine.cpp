@@ -1,4 +1,6 @@
 #include "CommandLine.h"
+#include "../db/AcDbDatabase.h"
+#include "../db/core/DbCore.h"
 #include "../rx/AcRxDictionary.h"
 #include "../win/CharTables.h"
 #include "AcEdCommandStack.h"
@@ -57,8 +59,7 @@ bool CommandLine::ExecuteNext(const InputSource* until)
     case InputPiece::Type::End:
         return false;
     case InputPiece::Type::Cancel:
-        if (!piece.isScripted)
-            m_session.input().DropPrograms();
+        Cancelled();
         return true;
     case InputPiece::Type::Value:
         return true;
@@ -109,8 +110,10 @@ bool CommandLine::RunText(const InputPiece& piece)
     }
     AcApDocument* document = acDocManager->curDocument();
     LispHook* lisp = TheLispHook();
-    if (lisp != nullptr && document != nullptr && (text[0] == L'(' || text[0] == L'!'))
+    if (lisp != nullptr && document != nullptr && (text[0] == L'(' || text[0] == L'!')) {
+        CoreOf(*document->database()).undo.Begin(L"LISP");
         return lisp->EvaluateAndPrint(*document, text);
+    }
     return Run(text, piece);
 }
 
@@ -182,7 +185,7 @@ int CommandLine::RunArguments(const resbuf* arguments)
     return m_wasCancelled ? RTCAN : failed ? RTERROR : RTNORM;
 }
 
-void CommandLine::Cancelled(const InputPiece& piece)
+void CommandLine::Cancelled()
 {
     m_wasCancelled = true;
     if (!m_session.state().running.empty())

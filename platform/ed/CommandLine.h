@@ -23,8 +23,8 @@ public:
     // acedCommand: all pieces of the chain. RTNORM, RTCAN or RTERROR.
     int RunArguments(const resbuf* arguments);
     bool HasQueue() const;   // strings wait that were sent to documents
-    // Esc came in at a prompt.
-    void Cancelled(const InputPiece& piece);
+    // Esc came in at a prompt. The user's own ends programs as well; one in a script or sent string only the command.
+    void Cancelled();
 
 private:
     bool RunText(const InputPiece& piece);
