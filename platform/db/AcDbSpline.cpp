@@ -112,8 +112,8 @@ AcDbSpline::AcDbSpline(int degree, bool rational, bool closed, bool periodic, co
 
 bool AcDbSpline::isClosed() const
 {
-    AcGePoint3d start, end;
-    return (m_flags & 1) != 0 || (getStartPoint(start) == Acad::eOk && getEndPoint(end) == Acad::eOk && start == end);
+    // By its control points: the curve cannot be asked, since it asks this.
+    return (m_flags & 1) != 0 || (m_points.size() > 1 && m_points.front() == m_points.back());
 }
 
 Acad::ErrorStatus AcDbSpline::getControlPointAt(int index, AcGePoint3d& point) const
@@ -169,13 +169,15 @@ Acad::ErrorStatus AcDbSpline::getNurbsData(int& degree, bool& rational, bool& cl
 
 AcGeNurbCurve3d AcDbSpline::curve() const
 {
-    int degree = 0;
-    bool rational = false, closed = false, periodic = false;
     AcGePoint3dArray points;
     AcGeDoubleArray knots, weights;
-    double pointTolerance = 0, knotTolerance = 0;
-    getNurbsData(degree, rational, closed, periodic, points, knots, weights, pointTolerance, knotTolerance);
-    return AcGeNurbCurve3d(degree, knots, points, weights);
+    for (const AcGePoint3d& point : m_points)
+        points.append(point);
+    for (const double knot : m_knots)
+        knots.append(knot);
+    for (const double weight : m_weights)
+        weights.append(weight);
+    return AcGeNurbCurve3d(m_degree, knots, points, weights);
 }
 
 bool AcDbSpline::isPlanar() const
