@@ -96,19 +96,22 @@ Value GetMeasure(Interpreter&, const Arguments& arguments)
 {
     const Question question(arguments);
     ads_real result = 0;
-    return Answer(Get(question.from(), question.prompt, &result), Value(double(result)));
+    const int answer = Get(question.from(), question.prompt, &result);
+    return Answer(answer, Value(double(result)));
 }
 
 Value GetReal(Interpreter&, const Arguments& arguments)
 {
     ads_real result = 0;
-    return Answer(acedGetReal(Question(arguments).prompt, &result), Value(double(result)));
+    const int answer = acedGetReal(Question(arguments).prompt, &result);
+    return Answer(answer, Value(double(result)));
 }
 
 Value GetInteger(Interpreter&, const Arguments& arguments)
 {
     int result = 0;
-    return Answer(acedGetInt(Question(arguments).prompt, &result), Value(int32_t(result)));
+    const int answer = acedGetInt(Question(arguments).prompt, &result);
+    return Answer(answer, Value(int32_t(result)));
 }
 
 Value GetText(Interpreter&, const Arguments& arguments)

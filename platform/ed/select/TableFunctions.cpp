@@ -85,14 +85,14 @@ resbuf* BlockChain(const AcDbBlockTableRecord& block)
     return chain.Take();
 }
 
-// Without names of objects: group 0, then the record's own data.
+// Group 0 and the record's plain data: no names of objects, and nothing that points to other objects.
 resbuf* RecordChain(AcDbStub* stub)
 {
     if (const auto* block = AcDbBlockTableRecord::cast(stub->object))
         return BlockChain(*block);
     GroupList groups = GroupsForPrograms(stub);
     std::erase_if(groups, [](const GroupValue& group) {
-        return group.code == -1 || group.code == 5 || group.code == 105 || group.code == 100 || group.code == 330;
+        return group.code < 0 || group.code == 5 || (group.code >= 100 && group.code <= 105) || group.code >= 290;
     });
     return ChainForPrograms(groups);
 }
