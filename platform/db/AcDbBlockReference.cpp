@@ -159,51 +159,98 @@ Acad::ErrorStatus AcDbBlockReference::openAttribute(AcDbAttribute*& attribute, A
 
 namespace {
 
-// The boxes of block definitions in their own axes. Each is worked out once, so that blocks in blocks cost no more than
-// their definitions; a block that contains itself is empty in there.
+// A box parallel to the axes stays exact when the map turns axes into axes.
+bool KeepsBoxes(const AcGeMatrix3d& transform)
+{
+    int across = 0;
+    for (int row = 0; row < 3; ++row)
+        for (int column = 0; column < 3; ++column)
+            across += std::fabs(transform.entry[row][column]) > 1e-12 * transform.norm();
+    return across <= 3;
+}
+
+// The boxes of insertions. The box of a definition in its own axes is worked out once, so that blocks in blocks cost no
+// more than their definitions; a block that contains itself is empty in there. Where a turned box would be too wide the
+// entities are looked at one by one, as long as they are not too many.
 class BlockBoxes {
 public:
+    // Empty when the insertion shows nothing. `outer` maps the axes of the insertion to those of the box.
+    AcDbExtents BoxOf(const AcDbBlockReference& reference, const AcGeMatrix3d& outer)
+    {
+        AcDbExtents box;
+        const AcDbBlockTableRecord* block = BlockOf(reference.blockTableRecord());
+        const AcGeMatrix3d transform = outer * reference.blockTransform();
+        if (block != nullptr && m_depth < kMostDepth && !KeepsBoxes(transform) &&
+            m_looks + block->entities().size() < kMostLooks) {
+            m_looks += block->entities().size();
+            ++m_depth;
+            box = Exact(*block, transform);
+            --m_depth;
+        } else if (block != nullptr && !BoxOf(*block).isEmpty()) {
+            box = BoxOf(*block);
+            box.transformBy(transform);
+        }
+        AcDbExtents last = box;
+        last.transformBy(AcGeMatrix3d::translation(outer * reference.gridDiagonal()));
+        if (!box.isEmpty())
+            box.addExt(last);
+        for (const AcDbStub* stub : *reference.parts())
+            if (const AcDbAttribute* attribute = stub->erased ? nullptr : AcDbAttribute::cast(stub->object))
+                Add(box, *attribute, outer);
+        return box;
+    }
+
+private:
+    static constexpr size_t kMostLooks = 10000;
+    static constexpr int kMostDepth = 16;
+
     const AcDbExtents& BoxOf(const AcDbBlockTableRecord& block)
     {
         const auto [place, isNew] = m_boxes.try_emplace(&block);
         if (!isNew)
             return place->second;
         AcDbExtents box;
-        for (const AcDbStub* stub : block.entities())
-            if (!stub->erased && stub->object != nullptr)
-                AddEntity(box, *stub->object);
+        for (const AcDbEntity* entity : LiveEntities(block))
+            Add(box, *entity, AcGeMatrix3d::kIdentity);
         return m_boxes[&block] = box;
     }
-    // Empty when the insertion shows nothing.
-    AcDbExtents BoxOf(const AcDbBlockReference& reference)
+    AcDbExtents Exact(const AcDbBlockTableRecord& block, const AcGeMatrix3d& transform)
     {
         AcDbExtents box;
-        const AcDbBlockTableRecord* block = BlockOf(reference.blockTableRecord());
-        if (block != nullptr)
-            box = BoxOf(*block);
-        if (box.isEmpty())
-            return box;
-        box.transformBy(reference.blockTransform());
-        AcDbExtents last = box;
-        last.transformBy(AcGeMatrix3d::translation(reference.gridDiagonal()));
-        box.addExt(last);
+        for (const AcDbEntity* entity : LiveEntities(block)) {
+            AcDbEntity* copy = nullptr;
+            const bool isInsertion = entity->isKindOf(AcDbBlockReference::desc());
+            if (!isInsertion && entity->getTransformedCopy(transform, copy) == Acad::eOk)
+                Add(box, *copy, AcGeMatrix3d::kIdentity);
+            else
+                Add(box, *entity, transform);
+            delete copy;
+        }
         return box;
     }
-
-private:
-    void AddEntity(AcDbExtents& box, const AcDbObject& object)
+    void Add(AcDbExtents& box, const AcDbEntity& entity, const AcGeMatrix3d& transform)
     {
         AcDbExtents one;
-        if (const auto* inner = AcDbBlockReference::cast(&object))
-            one = BoxOf(*inner);
-        else if (const auto* entity = AcDbEntity::cast(&object);
-                 entity == nullptr || entity->getGeomExtents(one) != Acad::eOk)
-            return;
+        if (const auto* inner = AcDbBlockReference::cast(&entity)) {
+            one = BoxOf(*inner, transform);
+        } else if (!entity.isKindOf(AcDbAttributeDefinition::desc()) && entity.getGeomExtents(one) == Acad::eOk) {
+            one.transformBy(transform);
+        }
         if (!one.isEmpty())
             box.addExt(one);
     }
+    static std::vector<const AcDbEntity*> LiveEntities(const AcDbBlockTableRecord& block)
+    {
+        std::vector<const AcDbEntity*> entities;
+        for (const AcDbStub* stub : block.entities())
+            if (const AcDbEntity* entity = stub->erased ? nullptr : AcDbEntity::cast(stub->object))
+                entities.push_back(entity);
+        return entities;
+    }
 
     std::unordered_map<const AcDbBlockTableRecord*, AcDbExtents> m_boxes;
+    size_t m_looks = 0;
+    int m_depth = 0;
 };
 
 }   // namespace
@@ -217,7 +264,7 @@ AcGeVector3d AcDbBlockReference::gridDiagonal() const
 
 Acad::ErrorStatus AcDbBlockReference::getGeomExtents(AcDbExtents& extents) const
 {
-    extents = BlockBoxes().BoxOf(*this);
+    extents = BlockBoxes().BoxOf(*this, AcGeMatrix3d::kIdentity);
     return extents.isEmpty() ? Acad::eInvalidExtents : Acad::eOk;
 }
 

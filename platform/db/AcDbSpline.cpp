@@ -185,16 +185,43 @@ bool AcDbSpline::isPlanar() const
     return (m_flags & 8) != 0;
 }
 
-// A spline lies within the box of its control points; the box of the curve itself is found along it.
+namespace {
+
+constexpr int kMostPlaces = 4096;
+
+// The extreme place along an axis, narrowed by thirds around the best of many places.
+AcGePoint3d Extreme(const AcGeNurbCurve3d& curve, unsigned axis, double sign)
+{
+    AcGeInterval interval;
+    curve.getInterval(interval);
+    const int count = std::min(8 * curve.numControlPoints(), kMostPlaces);
+    const double step = interval.length() / count;
+    const auto height = [&](double t) { return curve.evalPoint(t)[axis] * sign; };
+    double best = interval.lowerBound();
+    for (int place = 1; place <= count; ++place)
+        if (height(interval.lowerBound() + step * place) > height(best))
+            best = interval.lowerBound() + step * place;
+    double lower = std::max(best - step, interval.lowerBound()), upper = std::min(best + step, interval.upperBound());
+    for (int round = 0; round < 60; ++round) {
+        const double third = (upper - lower) / 3;
+        if (height(lower + third) < height(upper - third))
+            lower += third;
+        else
+            upper -= third;
+    }
+    return curve.evalPoint(height(best) > height(lower) ? best : lower);
+}
+
+}   // namespace
+
 Acad::ErrorStatus AcDbSpline::getGeomExtents(AcDbExtents& extents) const
 {
     extents = AcDbExtents();
-    AcGePoint3dArray places;
     const AcGeNurbCurve3d nurbs = curve();
-    if (nurbs.numControlPoints() > 0)
-        nurbs.getSamplePoints(std::min(32 * nurbs.numControlPoints(), 4096) + 1, places);
-    for (const AcGePoint3d& place : places)
-        extents.addPoint(place);
+    for (unsigned axis = 0; axis < 3 && nurbs.numControlPoints() > 0; ++axis) {
+        extents.addPoint(Extreme(nurbs, axis, 1));
+        extents.addPoint(Extreme(nurbs, axis, -1));
+    }
     for (const AcGePoint3d& point : m_fitPoints)
         extents.addPoint(point);
     return extents.isEmpty() ? Acad::eInvalidExtents : Acad::eOk;

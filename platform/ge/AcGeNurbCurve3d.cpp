@@ -1,12 +1,15 @@
 #include "AcGeNurbCurve3d.h"
 #include <algorithm>
-#include <vector>
+
+namespace {
+constexpr int kMostDegree = 25;
+}
 
 AcGeNurbCurve3d::AcGeNurbCurve3d(int degree, const AcGeDoubleArray& knots, const AcGePoint3dArray& controlPoints,
                                  const AcGeDoubleArray& weights)
 {
     const int count = controlPoints.length();
-    const bool fits = degree >= 1 && degree <= 25 && count > degree && knots.length() == count + degree + 1 &&
+    const bool fits = degree >= 1 && degree <= kMostDegree && count > degree && knots.length() == count + degree + 1 &&
                       (weights.isEmpty() || weights.length() == count) && std::is_sorted(knots.begin(), knots.end());
     if (!fits)
         return;
@@ -34,23 +37,23 @@ AcGePoint3d AcGeNurbCurve3d::evalPoint(double parameter) const
     const double* above = std::upper_bound(knots + m_degree + 1, knots + m_points.length(), t);
     const int span = int(above - knots) - 1;
 
-    std::vector<AcGeVector3d> points;
-    std::vector<double> weights;
-    for (int index = span - m_degree; index <= span; ++index) {
-        weights.push_back(isRational() ? m_weights[index] : 1.0);
-        points.push_back(m_points[index].asVector() * weights.back());
+    AcGeVector3d points[kMostDegree + 1];
+    double weights[kMostDegree + 1];
+    for (int index = 0; index <= m_degree; ++index) {
+        weights[index] = isRational() ? m_weights[span - m_degree + index] : 1.0;
+        points[index] = m_points[span - m_degree + index].asVector() * weights[index];
     }
     for (int round = 1; round <= m_degree; ++round) {
         for (int index = m_degree; index >= round; --index) {
             const int knot = span - m_degree + index;
             const double width = knots[knot + m_degree + 1 - round] - knots[knot];
             const double share = width == 0.0 ? 0.0 : (t - knots[knot]) / width;
-            points[size_t(index)] = points[size_t(index - 1)] * (1.0 - share) + points[size_t(index)] * share;
-            weights[size_t(index)] = weights[size_t(index - 1)] * (1.0 - share) + weights[size_t(index)] * share;
+            points[index] = points[index - 1] * (1.0 - share) + points[index] * share;
+            weights[index] = weights[index - 1] * (1.0 - share) + weights[index] * share;
         }
     }
-    const double weight = weights.back();
-    return AcGePoint3d() + points.back() / (weight == 0.0 ? 1.0 : weight);
+    const double weight = weights[m_degree];
+    return AcGePoint3d() + points[m_degree] / (weight == 0.0 ? 1.0 : weight);
 }
 
 AcGeNurbCurve3d& AcGeNurbCurve3d::transformBy(const AcGeMatrix3d& matrix)
