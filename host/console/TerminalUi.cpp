@@ -68,6 +68,12 @@ void TerminalUi::Print(std::wstring_view text)
         std::fflush(stdout);
 }
 
+void TerminalUi::PrintAnswer(std::wstring_view promptAndAnswer)
+{
+    Print(std::wstring(promptAndAnswer) + L"\n");
+    m_isFresh = true;
+}
+
 void TerminalUi::EndLine()
 {
     if (m_isLineOpen)

@@ -10,6 +10,7 @@ public:
     explicit TerminalUi(bool isQuiet);
 
     void Print(std::wstring_view text) override;
+    void PrintAnswer(std::wstring_view promptAndAnswer) override;
     void Complain(std::wstring_view text) override;
     KxPlat::InputEvent Ask(const KxPlat::InputRequest& request) override;
     bool Interrupted() override { return TakeInterrupt(); }

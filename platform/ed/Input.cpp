@@ -171,7 +171,7 @@ bool InputStack::NextFrom(size_t at, const InputRequest& request, TextRule rule,
 void InputStack::Show(const InputRequest& request, const InputPiece& piece) const
 {
     if (m_echo && piece.type == InputPiece::Type::Text)
-        Ui().Print(request.prompt + piece.text);
+        Ui().PrintAnswer(request.prompt + piece.text);
 }
 
 bool InputStack::HasSent() const

@@ -42,6 +42,8 @@ public:
 
     // Text for the command line. A new line starts with "\n", as the drawing host does it.
     virtual void Print(std::wstring_view text);
+    // A prompt and the answer to it that came from a script, as if the user had typed it.
+    virtual void PrintAnswer(std::wstring_view promptAndAnswer) { Print(promptAndAnswer); }
     // The host's own complaint, "WHAT: WHY" without the program name.
     virtual void Complain(std::wstring_view text);
     // The next piece of input. The default ends the input.
