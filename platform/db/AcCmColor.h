@@ -1,8 +1,8 @@
 // A colour as drawings store it: ByLayer, ByBlock, an index of 1 to 255, or red, green and blue.
 #pragma once
 #include "../mfc/CString.h"
-#include "../rx/AdeskTypes.h"
 #include "../rx/acadstrc.h"
+#include "../rx/AdeskTypes.h"
 
 class AcCmEntityColor {
 public:

@@ -33,7 +33,8 @@ std::vector<Definition> Parse(const std::wstring& text)
             const size_t comma = line.find(L',');
             Definition definition;
             definition.name = CString(line.substr(1, comma == std::wstring::npos ? comma : comma - 1).c_str()).Trim();
-            definition.comments = comma == std::wstring::npos ? CString() : CString(line.substr(comma + 1).c_str()).Trim();
+            definition.comments =
+                comma == std::wstring::npos ? CString() : CString(line.substr(comma + 1).c_str()).Trim();
             all.push_back(definition);
         } else if (!all.empty() && (line[0] == L'A' || line[0] == L'a')) {
             // Texts and shapes in brackets are left out: the dashes around them stay.

@@ -41,7 +41,8 @@ public:
     Acad::ErrorStatus nameAt(AcDbObjectId id, ACHAR*& name) const;   // the caller frees it with acutDelString
     Adesk::UInt32 numEntries() const;
 
-    // Gives the name to `object`, which joins the database open for write when it is new; an object of that name is erased.
+    // Gives the name to `object`, which joins the database open for write when it is new; an object of that name is
+    // erased.
     Acad::ErrorStatus setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id);
     Acad::ErrorStatus remove(const ACHAR* name);
     Acad::ErrorStatus remove(const ACHAR* name, AcDbObjectId& id);

@@ -10,12 +10,11 @@ ACRX_CONS_DEFINE_MEMBERS(AcDbDimStyleTable, AcDbSymbolTable, 1)
 
 const ClassSchema& AcDbDimStyleTableRecord::fieldSchema()
 {
-    static const ClassSchema schema(
-        &AcDbSymbolTableRecord::fieldSchema(), "DIMSTYLE", "AcDbDimStyleTableRecord",
-        {
-            Text(2, &AcDbDimStyleTableRecord::m_name).always(),
-            Int16(70, &AcDbDimStyleTableRecord::m_flags).always(),
-        });
+    static const ClassSchema schema(&AcDbSymbolTableRecord::fieldSchema(), "DIMSTYLE", "AcDbDimStyleTableRecord",
+                                    {
+                                        Text(2, &AcDbDimStyleTableRecord::m_name).always(),
+                                        Int16(70, &AcDbDimStyleTableRecord::m_flags).always(),
+                                    });
     return schema;
 }
 

@@ -69,9 +69,9 @@ private:
     AcDbObjectId m_layer;
     AcDbObjectId m_linetype;   // null: ByLayer
     double m_linetypeScale = 1.0;
-    int32_t m_trueColor;       // kNoTrueColor or 0xRRGGBB
-    int16_t m_color = 256;     // 0 ByBlock, 256 ByLayer
-    int16_t m_lineWeight = -1; // hundredths of a millimetre
+    int32_t m_trueColor;         // kNoTrueColor or 0xRRGGBB
+    int16_t m_color = 256;       // 0 ByBlock, 256 ByLayer
+    int16_t m_lineWeight = -1;   // hundredths of a millimetre
     int16_t m_invisible = 0;
     int16_t m_isInPaperSpace = 0;   // as the file said; the owner decides when written
 };

@@ -1,7 +1,7 @@
 // What a database asks of the program around it: the working database, files on the search path, progress.
 #pragma once
-#include "../rx/AdeskTypes.h"
 #include "../rx/acadstrc.h"
+#include "../rx/AdeskTypes.h"
 
 class AcDbDatabase;
 

@@ -1,8 +1,8 @@
 // Which object became which when objects are cloned.
 #pragma once
+#include "../rx/acadstrc.h"
 #include "AcDb.h"
 #include "AcDbObjectId.h"
-#include "../rx/acadstrc.h"
 #include <unordered_map>
 #include <vector>
 

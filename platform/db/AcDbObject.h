@@ -3,9 +3,9 @@
 #pragma once
 #include "../gi/AcGiDrawable.h"
 #include "../mfc/CString.h"
+#include "../rx/acadstrc.h"
 #include "../rx/AcArray.h"
 #include "../rx/AcRxObject.h"
-#include "../rx/acadstrc.h"
 #include "../rx/acutads.h"
 #include "../rx/adsdef.h"
 #include "AcDb.h"
@@ -22,10 +22,13 @@ struct Annex;
 struct ObjectAccess;
 }   // namespace KxPlat
 
-#define ACDB_DECLARE_MEMBERS(CLASS_NAME)                                                                              \
+#define ACDB_DECLARE_MEMBERS(CLASS_NAME)                                                                               \
     ACRX_DECLARE_MEMBERS(CLASS_NAME);                                                                                  \
     static const KxPlat::ClassSchema& fieldSchema();                                                                   \
-    const KxPlat::ClassSchema& fields() const override { return fieldSchema(); }
+    const KxPlat::ClassSchema& fields() const override                                                                 \
+    {                                                                                                                  \
+        return fieldSchema();                                                                                          \
+    }
 
 class AcDbObject : public AcGiDrawable {
 public:
@@ -69,7 +72,8 @@ public:
     void removePersistentReactor(AcDbObjectId reactor);
     bool hasPersistentReactor(AcDbObjectId reactor) const;
 
-    // The groups of one application (1001 first), or of all with null; null when there are none. The caller frees the chain.
+    // The groups of one application (1001 first), or of all with null; null when there are none. The caller frees the
+    // chain.
     resbuf* xData(const ACHAR* appName = nullptr) const;
     // Replaces the data of every application that the chain names; a lone 1001 removes that application's data.
     Acad::ErrorStatus setXData(const resbuf* chain);

@@ -1,4 +1,5 @@
-// An entity of a class that nobody here knows: its layer and colour can be changed, all other groups are kept as they are.
+// An entity of a class that nobody here knows: its layer and colour can be changed, all other groups are kept as they
+// are.
 #pragma once
 #include "AcDbEntity.h"
 #include <string>

@@ -8,12 +8,11 @@ ACRX_CONS_DEFINE_MEMBERS(AcDbRegAppTable, AcDbSymbolTable, 1)
 
 const ClassSchema& AcDbRegAppTableRecord::fieldSchema()
 {
-    static const ClassSchema schema(
-        &AcDbSymbolTableRecord::fieldSchema(), "APPID", "AcDbRegAppTableRecord",
-        {
-            Text(2, &AcDbRegAppTableRecord::m_name).always(),
-            Int16(70, &AcDbRegAppTableRecord::m_flags).always(),
-        });
+    static const ClassSchema schema(&AcDbSymbolTableRecord::fieldSchema(), "APPID", "AcDbRegAppTableRecord",
+                                    {
+                                        Text(2, &AcDbRegAppTableRecord::m_name).always(),
+                                        Int16(70, &AcDbRegAppTableRecord::m_flags).always(),
+                                    });
     return schema;
 }
 

@@ -89,7 +89,8 @@ public:
     using AcDbSymbolTable::add;
     using AcDbSymbolTable::getAt;
     using AcDbSymbolTable::newIterator;
-    Acad::ErrorStatus getAt(const ACHAR* name, Record*& record, AcDb::OpenMode mode, bool openErasedRecord = false) const
+    Acad::ErrorStatus getAt(const ACHAR* name, Record*& record, AcDb::OpenMode mode,
+                            bool openErasedRecord = false) const
     {
         AcDbSymbolTableRecord* found = nullptr;
         const Acad::ErrorStatus status = AcDbSymbolTable::getAt(name, found, mode, openErasedRecord);

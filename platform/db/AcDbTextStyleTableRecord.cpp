@@ -171,8 +171,8 @@ Acad::ErrorStatus AcDbTextStyleTableRecord::setFont(const ACHAR* typeface, bool 
         return Acad::eInvalidInput;
     const int32_t flags =
         (pitchAndFamily & 0xFF) | (charset & 0xFF) << 8 | (italic ? 0x1000000 : 0) | (bold ? 0x2000000 : 0);
-    resbuf* chain = *typeface == 0 ? acutBuildList(1001, L"ACAD", 0)
-                                   : acutBuildList(1001, L"ACAD", 1000, typeface, 1071, flags, 0);
+    resbuf* chain =
+        *typeface == 0 ? acutBuildList(1001, L"ACAD", 0) : acutBuildList(1001, L"ACAD", 1000, typeface, 1071, flags, 0);
     const Acad::ErrorStatus status = setXData(chain);
     acutRelRb(chain);
     return status;

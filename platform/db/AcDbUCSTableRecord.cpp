@@ -8,15 +8,14 @@ ACRX_CONS_DEFINE_MEMBERS(AcDbUCSTable, AcDbSymbolTable, 1)
 
 const ClassSchema& AcDbUCSTableRecord::fieldSchema()
 {
-    static const ClassSchema schema(
-        &AcDbSymbolTableRecord::fieldSchema(), "UCS", "AcDbUCSTableRecord",
-        {
-            Text(2, &AcDbUCSTableRecord::m_name).always(),
-            Int16(70, &AcDbUCSTableRecord::m_flags).always(),
-            Point3(10, &AcDbUCSTableRecord::m_origin).always(),
-            Vector3(11, &AcDbUCSTableRecord::m_xAxis, 1, 0, 0).always(),
-            Vector3(12, &AcDbUCSTableRecord::m_yAxis, 0, 1, 0).always(),
-        });
+    static const ClassSchema schema(&AcDbSymbolTableRecord::fieldSchema(), "UCS", "AcDbUCSTableRecord",
+                                    {
+                                        Text(2, &AcDbUCSTableRecord::m_name).always(),
+                                        Int16(70, &AcDbUCSTableRecord::m_flags).always(),
+                                        Point3(10, &AcDbUCSTableRecord::m_origin).always(),
+                                        Vector3(11, &AcDbUCSTableRecord::m_xAxis, 1, 0, 0).always(),
+                                        Vector3(12, &AcDbUCSTableRecord::m_yAxis, 0, 1, 0).always(),
+                                    });
     return schema;
 }
 

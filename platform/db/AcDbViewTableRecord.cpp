@@ -8,17 +8,16 @@ ACRX_CONS_DEFINE_MEMBERS(AcDbViewTable, AcDbSymbolTable, 1)
 
 const ClassSchema& AcDbViewTableRecord::fieldSchema()
 {
-    static const ClassSchema schema(
-        &AcDbSymbolTableRecord::fieldSchema(), "VIEW", "AcDbViewTableRecord",
-        {
-            Text(2, &AcDbViewTableRecord::m_name).always(),
-            Int16(70, &AcDbViewTableRecord::m_flags).always(),
-            Real(40, &AcDbViewTableRecord::m_height).always(),
-            Point2(10, &AcDbViewTableRecord::m_center).always(),
-            Real(41, &AcDbViewTableRecord::m_width).always(),
-            Vector3(11, &AcDbViewTableRecord::m_direction).always(),
-            Point3(12, &AcDbViewTableRecord::m_target).always(),
-        });
+    static const ClassSchema schema(&AcDbSymbolTableRecord::fieldSchema(), "VIEW", "AcDbViewTableRecord",
+                                    {
+                                        Text(2, &AcDbViewTableRecord::m_name).always(),
+                                        Int16(70, &AcDbViewTableRecord::m_flags).always(),
+                                        Real(40, &AcDbViewTableRecord::m_height).always(),
+                                        Point2(10, &AcDbViewTableRecord::m_center).always(),
+                                        Real(41, &AcDbViewTableRecord::m_width).always(),
+                                        Vector3(11, &AcDbViewTableRecord::m_direction).always(),
+                                        Point3(12, &AcDbViewTableRecord::m_target).always(),
+                                    });
     return schema;
 }
 

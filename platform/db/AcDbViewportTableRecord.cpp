@@ -8,19 +8,18 @@ ACRX_CONS_DEFINE_MEMBERS(AcDbViewportTable, AcDbSymbolTable, 1)
 
 const ClassSchema& AcDbViewportTableRecord::fieldSchema()
 {
-    static const ClassSchema schema(
-        &AcDbSymbolTableRecord::fieldSchema(), "VPORT", "AcDbViewportTableRecord",
-        {
-            Text(2, &AcDbViewportTableRecord::m_name).always(),
-            Int16(70, &AcDbViewportTableRecord::m_flags).always(),
-            Point2(10, &AcDbViewportTableRecord::m_lowerLeft).always(),
-            Point2(11, &AcDbViewportTableRecord::m_upperRight).always(),
-            Point2(12, &AcDbViewportTableRecord::m_center).always(),
-            Vector3(16, &AcDbViewportTableRecord::m_direction).always(),
-            Point3(17, &AcDbViewportTableRecord::m_target).always(),
-            Real(40, &AcDbViewportTableRecord::m_height).always(),
-            Real(41, &AcDbViewportTableRecord::m_aspect).always(),
-        });
+    static const ClassSchema schema(&AcDbSymbolTableRecord::fieldSchema(), "VPORT", "AcDbViewportTableRecord",
+                                    {
+                                        Text(2, &AcDbViewportTableRecord::m_name).always(),
+                                        Int16(70, &AcDbViewportTableRecord::m_flags).always(),
+                                        Point2(10, &AcDbViewportTableRecord::m_lowerLeft).always(),
+                                        Point2(11, &AcDbViewportTableRecord::m_upperRight).always(),
+                                        Point2(12, &AcDbViewportTableRecord::m_center).always(),
+                                        Vector3(16, &AcDbViewportTableRecord::m_direction).always(),
+                                        Point3(17, &AcDbViewportTableRecord::m_target).always(),
+                                        Real(40, &AcDbViewportTableRecord::m_height).always(),
+                                        Real(41, &AcDbViewportTableRecord::m_aspect).always(),
+                                    });
     return schema;
 }
 

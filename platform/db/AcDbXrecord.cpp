@@ -38,7 +38,8 @@ Acad::ErrorStatus AcDbXrecord::rbChain(resbuf** chain, AcDbDatabase*) const
 Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase* auxiliaryDatabase)
 {
     GroupList groups;
-    const Acad::ErrorStatus read = GroupsOf(&chain, auxiliaryDatabase != nullptr ? auxiliaryDatabase : database(), groups);
+    const Acad::ErrorStatus read =
+        GroupsOf(&chain, auxiliaryDatabase != nullptr ? auxiliaryDatabase : database(), groups);
     if (read != Acad::eOk)
         return read;
     const Acad::ErrorStatus status = assertWriteEnabled();

@@ -140,7 +140,8 @@ AcDbObjectId Cloner::Copy(AcDbObjectId source, AcDbObjectId owner, bool isPrimar
     return copy->objectId();
 }
 
-// References of the clones: to what was cloned, to what exists on both sides, to table records brought along, else none.
+// References of the clones: to what was cloned, to what exists on both sides, to table records brought along, else
+// none.
 void Cloner::Translate()
 {
     // Bringing a record along makes more clones, which are met further on.

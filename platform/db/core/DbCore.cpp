@@ -74,7 +74,8 @@ void DbCore::ResolvePlaceholder(TableKind kind, AcDbSymbolTableRecord* record)
 {
     const CString& name = record->nameText();
     NameIndex& index = placeholderIndex[size_t(kind)];
-    AcDbStub* waiting = index.Find(std::wstring_view(name, size_t(name.GetLength())), [](const AcDbStub*) { return true; });
+    AcDbStub* waiting =
+        index.Find(std::wstring_view(name, size_t(name.GetLength())), [](const AcDbStub*) { return true; });
     if (waiting == nullptr)
         return;
     // Who referred to the name holds the placeholder's stub: the record moves there and keeps its handle.
@@ -84,7 +85,8 @@ void DbCore::ResolvePlaceholder(TableKind kind, AcDbSymbolTableRecord* record)
     waiting->object = record;
     ObjectAccess::Stub(*record) = waiting;
     own->object = nullptr;
-    handles.SetHandle(waiting, own->handle);
+    if (own->handle != 0)   // else it is given one later
+        handles.SetHandle(waiting, own->handle);
 }
 
 }   // namespace KxPlat

@@ -18,7 +18,7 @@ namespace KxPlat {
 
 // One 0-started record of a section that holds no objects (CLASSES, ACDSDATA), or a whole unknown section.
 struct LooseRecord {
-    CString name;       // value of the 0 group
+    CString name;   // value of the 0 group
     GroupList groups;
 };
 
@@ -43,22 +43,22 @@ struct FileForm {
     AcDb::AcDbDwgVersion version = AcDb::kDHL_1024;
     bool isDxf = false;
     bool isBinary = false;
-    bool hasHandles = true;          // R12 files may go without
+    bool hasHandles = true;   // R12 files may go without
     bool hasCrLf = true;
-    bool isPadded = true;            // group codes right-aligned
-    CString codePage = L"ANSI_1252"; // $DWGCODEPAGE, or what stands for it
-    int codePageNumber = 1252;       // of the texts' bytes; 65001 from AC1021 on
-    std::vector<std::string> comments;        // 999 groups before the first section
-    std::vector<std::string> sectionOrder;    // names of the sections that the file had
-    std::vector<std::string> tableOrder;      // "VPORT", "LTYPE", ...
+    bool isPadded = true;                    // group codes right-aligned
+    CString codePage = L"ANSI_1252";         // $DWGCODEPAGE, or what stands for it
+    int codePageNumber = 1252;               // of the texts' bytes; 65001 from AC1021 on
+    std::vector<std::string> comments;       // 999 groups before the first section
+    std::vector<std::string> sectionOrder;   // names of the sections that the file had
+    std::vector<std::string> tableOrder;     // "VPORT", "LTYPE", ...
     std::vector<LooseRecord> classes;
-    std::vector<LooseSection> sections;       // everything besides the known six
+    std::vector<LooseSection> sections;   // everything besides the known six
     // Handles given after reading: from the first on to objects that came without one and stay so in files of the same
     // form, from the second on to what the file left out altogether. The third is the first free one.
     uint64_t numberedFrom = 0, impliedFrom = 0, impliedTo = 0;
-    std::vector<AcDbStub*> objectOrder;       // of the OBJECTS section
-    std::vector<KeptSpelling> spellings;      // sorted by object
-    uint64_t repairs = 0;                     // faults that reading mended
+    std::vector<AcDbStub*> objectOrder;    // of the OBJECTS section
+    std::vector<KeptSpelling> spellings;   // sorted by object
+    uint64_t repairs = 0;                  // faults that reading mended
 };
 
 constexpr size_t kTableCount = size_t(TableKind::Count);
@@ -78,8 +78,8 @@ struct DbCore {
     AcDbStub* namedObjects = nullptr;
     AcDbStub* modelSpace = nullptr;
     AcDbStub* currentSpace = nullptr;
-    CString fileName;            // in drive form; empty for a drawing never saved
-    int modified = 0;            // DBMOD bits
+    CString fileName;               // in drive form; empty for a drawing never saved
+    int modified = 0;               // DBMOD bits
     bool hasLockedLayers = false;   // some layer was locked at some time; false spares every opening for write a look
 
     // Gives the object a handle (the next free one for 0, or when the wanted one is taken) and makes it resident.

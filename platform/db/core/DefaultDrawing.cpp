@@ -10,8 +10,8 @@
 #include "../AcDbRegAppTableRecord.h"
 #include "../AcDbTextStyleTableRecord.h"
 #include "../AcDbUCSTableRecord.h"
-#include "../AcDbViewTableRecord.h"
 #include "../AcDbViewportTableRecord.h"
+#include "../AcDbViewTableRecord.h"
 #include "ObjectAccess.h"
 
 namespace KxPlat {
@@ -31,10 +31,10 @@ constexpr TableRow Row()
 
 // In the order of TableKind.
 const TableRow kTables[kTableCount] = {
-    Row<AcDbBlockTable, AcDbBlockTableRecord>(),       Row<AcDbLayerTable, AcDbLayerTableRecord>(),
+    Row<AcDbBlockTable, AcDbBlockTableRecord>(),         Row<AcDbLayerTable, AcDbLayerTableRecord>(),
     Row<AcDbTextStyleTable, AcDbTextStyleTableRecord>(), Row<AcDbLinetypeTable, AcDbLinetypeTableRecord>(),
-    Row<AcDbViewTable, AcDbViewTableRecord>(),         Row<AcDbUCSTable, AcDbUCSTableRecord>(),
-    Row<AcDbViewportTable, AcDbViewportTableRecord>(), Row<AcDbRegAppTable, AcDbRegAppTableRecord>(),
+    Row<AcDbViewTable, AcDbViewTableRecord>(),           Row<AcDbUCSTable, AcDbUCSTableRecord>(),
+    Row<AcDbViewportTable, AcDbViewportTableRecord>(),   Row<AcDbRegAppTable, AcDbRegAppTableRecord>(),
     Row<AcDbDimStyleTable, AcDbDimStyleTableRecord>(),
 };
 
@@ -95,9 +95,9 @@ AcDbBlockTableRecord* EnsureSpace(DbCore& core, const wchar_t* name, const wchar
     AcDbStub* found = EnsureTable(core, TableKind::Block)->find(name);
     if (found == nullptr)
         found = core.Table(TableKind::Block)->find(oldName);
-    AcDbBlockTableRecord* block =
-        found != nullptr ? static_cast<AcDbBlockTableRecord*>(found->object)
-                         : static_cast<AcDbBlockTableRecord*>(EnsureRecord(core, TableKind::Block, name));
+    AcDbBlockTableRecord* block = found != nullptr
+                                      ? static_cast<AcDbBlockTableRecord*>(found->object)
+                                      : static_cast<AcDbBlockTableRecord*>(EnsureRecord(core, TableKind::Block, name));
     block->completeBlock();
     return block;
 }
@@ -143,13 +143,13 @@ struct HeaderRow {
 
 // What a new metric drawing starts with; all else has its default where it is asked for.
 const HeaderRow kHeader[] = {
-    {"$ACADVER", 1, 0, L"AC1024"},      {"$DWGCODEPAGE", 3, 0, L"ANSI_936"}, {"$LTSCALE", 40, 1, nullptr},
-    {"$TEXTSIZE", 40, 2.5, nullptr},    {"$TEXTSTYLE", 7, 0, L"Standard"},   {"$CLAYER", 8, 0, L"0"},
-    {"$CELTYPE", 6, 0, L"ByLayer"},     {"$CECOLOR", 62, 256, nullptr},      {"$CELTSCALE", 40, 1, nullptr},
-    {"$DIMSTYLE", 2, 0, L"Standard"},   {"$LUNITS", 70, 2, nullptr},         {"$LUPREC", 70, 4, nullptr},
-    {"$AUNITS", 70, 0, nullptr},        {"$AUPREC", 70, 0, nullptr},         {"$MEASUREMENT", 70, 1, nullptr},
-    {"$TILEMODE", 70, 1, nullptr},      {"$PDMODE", 70, 0, nullptr},         {"$PDSIZE", 40, 0, nullptr},
-    {"$CELWEIGHT", 370, -1, nullptr},   {"$INSUNITS", 70, 4, nullptr},       {"$HANDSEED", 5, 0, nullptr},
+    {"$ACADVER", 1, 0, L"AC1024"},    {"$DWGCODEPAGE", 3, 0, L"ANSI_936"}, {"$LTSCALE", 40, 1, nullptr},
+    {"$TEXTSIZE", 40, 2.5, nullptr},  {"$TEXTSTYLE", 7, 0, L"Standard"},   {"$CLAYER", 8, 0, L"0"},
+    {"$CELTYPE", 6, 0, L"ByLayer"},   {"$CECOLOR", 62, 256, nullptr},      {"$CELTSCALE", 40, 1, nullptr},
+    {"$DIMSTYLE", 2, 0, L"Standard"}, {"$LUNITS", 70, 2, nullptr},         {"$LUPREC", 70, 4, nullptr},
+    {"$AUNITS", 70, 0, nullptr},      {"$AUPREC", 70, 0, nullptr},         {"$MEASUREMENT", 70, 1, nullptr},
+    {"$TILEMODE", 70, 1, nullptr},    {"$PDMODE", 70, 0, nullptr},         {"$PDSIZE", 40, 0, nullptr},
+    {"$CELWEIGHT", 370, -1, nullptr}, {"$INSUNITS", 70, 4, nullptr},       {"$HANDSEED", 5, 0, nullptr},
 };
 
 void BuildHeader(DbCore& core)

@@ -53,17 +53,37 @@ void CopyField(AcDbObject& to, const AcDbObject& from, const Field& field)
     if (field.isCount)
         return;
     switch (field.type) {
-    case FieldType::Int16: field.in<int16_t>(to) = field.in<int16_t>(from); break;
-    case FieldType::Int32: field.in<int32_t>(to) = field.in<int32_t>(from); break;
-    case FieldType::Int64: field.in<int64_t>(to) = field.in<int64_t>(from); break;
-    case FieldType::Real: field.in<double>(to) = field.in<double>(from); break;
-    case FieldType::Point2: field.in<AcGePoint2d>(to) = field.in<AcGePoint2d>(from); break;
-    case FieldType::Point3: field.in<AcGePoint3d>(to) = field.in<AcGePoint3d>(from); break;
-    case FieldType::Text: field.in<CString>(to) = field.in<CString>(from); break;
+    case FieldType::Int16:
+        field.in<int16_t>(to) = field.in<int16_t>(from);
+        break;
+    case FieldType::Int32:
+        field.in<int32_t>(to) = field.in<int32_t>(from);
+        break;
+    case FieldType::Int64:
+        field.in<int64_t>(to) = field.in<int64_t>(from);
+        break;
+    case FieldType::Real:
+        field.in<double>(to) = field.in<double>(from);
+        break;
+    case FieldType::Point2:
+        field.in<AcGePoint2d>(to) = field.in<AcGePoint2d>(from);
+        break;
+    case FieldType::Point3:
+        field.in<AcGePoint3d>(to) = field.in<AcGePoint3d>(from);
+        break;
+    case FieldType::Text:
+        field.in<CString>(to) = field.in<CString>(from);
+        break;
     case FieldType::Id:
-    case FieldType::Name: field.in<AcDbObjectId>(to) = field.in<AcDbObjectId>(from); break;
-    case FieldType::Bytes: field.in<Bytes>(to) = field.in<Bytes>(from); break;
-    case FieldType::List: field.list->Copy(to, from); break;
+    case FieldType::Name:
+        field.in<AcDbObjectId>(to) = field.in<AcDbObjectId>(from);
+        break;
+    case FieldType::Bytes:
+        field.in<Bytes>(to) = field.in<Bytes>(from);
+        break;
+    case FieldType::List:
+        field.list->Copy(to, from);
+        break;
     }
 }
 
@@ -110,10 +130,14 @@ void VisitReferences(AcDbObject& object, const ReferenceVisitor& visitor)
 bool IsDefault(const AcDbObject& object, const Field& field)
 {
     switch (field.type) {
-    case FieldType::Int16: return field.in<int16_t>(object) == field.defaultInteger;
-    case FieldType::Int32: return field.in<int32_t>(object) == field.defaultInteger;
-    case FieldType::Int64: return field.in<int64_t>(object) == field.defaultInteger;
-    case FieldType::Real: return field.in<double>(object) == field.defaultReal[0];
+    case FieldType::Int16:
+        return field.in<int16_t>(object) == field.defaultInteger;
+    case FieldType::Int32:
+        return field.in<int32_t>(object) == field.defaultInteger;
+    case FieldType::Int64:
+        return field.in<int64_t>(object) == field.defaultInteger;
+    case FieldType::Real:
+        return field.in<double>(object) == field.defaultReal[0];
     case FieldType::Point2:
         return field.in<AcGePoint2d>(object).x == field.defaultReal[0] &&
                field.in<AcGePoint2d>(object).y == field.defaultReal[1];
@@ -121,11 +145,15 @@ bool IsDefault(const AcDbObject& object, const Field& field)
         const AcGePoint3d& point = field.in<AcGePoint3d>(object);
         return point.x == field.defaultReal[0] && point.y == field.defaultReal[1] && point.z == field.defaultReal[2];
     }
-    case FieldType::Text: return field.in<CString>(object) == field.defaultText;
+    case FieldType::Text:
+        return field.in<CString>(object) == field.defaultText;
     case FieldType::Id:
-    case FieldType::Name: return field.in<AcDbObjectId>(object).isNull();
-    case FieldType::Bytes: return field.in<Bytes>(object) == nullptr;
-    case FieldType::List: return field.list->IsEmpty(object);
+    case FieldType::Name:
+        return field.in<AcDbObjectId>(object).isNull();
+    case FieldType::Bytes:
+        return field.in<Bytes>(object) == nullptr;
+    case FieldType::List:
+        return field.list->IsEmpty(object);
     }
     return true;
 }

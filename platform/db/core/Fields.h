@@ -2,10 +2,10 @@
 // Files in and out, copying, cloning, the walk over references, purging and undo all go by this one list.
 // Members hold what the file holds: angles in degrees, flags as the bits of their group.
 #pragma once
-#include "../AcDb.h"
 #include "../../ge/AcGePoint2d.h"
 #include "../../ge/AcGePoint3d.h"
 #include "../../ge/AcGeVector3d.h"
+#include "../AcDb.h"
 #include "GroupValue.h"
 #include <cstddef>
 #include <functional>
@@ -18,18 +18,7 @@ namespace KxPlat {
 enum class FieldType : uint8_t { Int16, Int32, Int64, Real, Point2, Point3, Text, Id, Name, Bytes, List };
 
 // The nine symbol tables, and what a name group can name besides.
-enum class TableKind : uint8_t {
-    Block,
-    Layer,
-    TextStyle,
-    Linetype,
-    View,
-    Ucs,
-    Viewport,
-    RegApp,
-    DimStyle,
-    Count
-};
+enum class TableKind : uint8_t { Block, Layer, TextStyle, Linetype, View, Ucs, Viewport, RegApp, DimStyle, Count };
 
 // Receives an object's groups one by one in file order.
 class GroupSink {
@@ -41,7 +30,7 @@ public:
     virtual void Id(int code, AcDbObjectId value) = 0;                       // by handle
     virtual void Name(int code, AcDbObjectId record, TableKind table) = 0;   // by the record's name
     virtual void Binary(int code, const Bytes& value) = 0;
-    virtual void Marker(int code, std::string_view text) = 0;                // 100 and 102
+    virtual void Marker(int code, std::string_view text) = 0;   // 100 and 102
     void Value(const GroupValue& group);
     // Three groups: code, code + 10, code + 20.
     void Point(int code, const AcGePoint3d& point);
@@ -53,8 +42,8 @@ using ReferenceVisitor = std::function<void(AcDbObjectId&, Reference)>;
 class ListField {
 public:
     virtual ~ListField() = default;
-    virtual bool Starts(int code) const = 0;      // an instance of the list may begin with this group
-    virtual bool Continues(int code) const = 0;   // ... and takes this one once it has begun
+    virtual bool Starts(int code) const = 0;          // an instance of the list may begin with this group
+    virtual bool Continues(int code) const = 0;       // ... and takes this one once it has begun
     virtual bool TakesAll() const { return false; }   // takes every group of its section, markers and braces too
     virtual void Put(AcDbObject& object, const GroupValue& group) const = 0;
     virtual void Get(const AcDbObject& object, GroupSink& sink, AcDb::AcDbDwgVersion version) const = 0;
@@ -74,20 +63,32 @@ struct Field {
     FieldType type = FieldType::Int16;
     Reference reference = Reference::None;
     TableKind table = TableKind::Count;
-    bool isAlways = false;      // written even when it holds its default
-    bool isR12 = true;          // known to files without subclass markers
-    bool isCount = false;       // derived from a list when written; the stored value only marks its place
+    bool isAlways = false;   // written even when it holds its default
+    bool isR12 = true;       // known to files without subclass markers
+    bool isCount = false;    // derived from a list when written; the stored value only marks its place
     AcDb::AcDbDwgVersion sinceVersion = AcDb::kDHL_1009;
-    uint32_t offset = 0;        // of the member from the start of the AcDbObject
+    uint32_t offset = 0;   // of the member from the start of the AcDbObject
     double defaultReal[3] = {0, 0, 0};
     int64_t defaultInteger = 0;
     const wchar_t* defaultText = L"";
     const ListField* list = nullptr;
     std::function<int64_t(const AcDbObject&)> count;
 
-    Field& always() { isAlways = true; return *this; }
-    Field& since(AcDb::AcDbDwgVersion version) { sinceVersion = version; return *this; }
-    Field& notInR12() { isR12 = false; return *this; }
+    Field& always()
+    {
+        isAlways = true;
+        return *this;
+    }
+    Field& since(AcDb::AcDbDwgVersion version)
+    {
+        sinceVersion = version;
+        return *this;
+    }
+    Field& notInR12()
+    {
+        isR12 = false;
+        return *this;
+    }
 
     template <class T>
     T& in(AcDbObject& object) const
@@ -107,7 +108,8 @@ uint32_t OffsetOf(T C::*member)
 {
     alignas(C) static char storage[sizeof(C)];
     C* object = reinterpret_cast<C*>(storage);
-    return uint32_t(reinterpret_cast<char*>(&(object->*member)) - reinterpret_cast<char*>(static_cast<AcDbObject*>(object)));
+    return uint32_t(reinterpret_cast<char*>(&(object->*member)) -
+                    reinterpret_cast<char*>(static_cast<AcDbObject*>(object)));
 }
 
 template <class C>
@@ -203,7 +205,8 @@ struct Section {
 
 class ClassSchema {
 public:
-    // `marker` is null for a class that adds no subclass marker of its own; its fields then join its parent's last section.
+    // `marker` is null for a class that adds no subclass marker of its own; its fields then join its parent's last
+    // section.
     ClassSchema(const ClassSchema* parent, const char* dxfName, const char* marker, std::vector<Field> fields);
 
     const char* dxfName() const { return m_dxfName; }

@@ -10,8 +10,8 @@ class AcDbDatabase;
 namespace KxPlat {
 
 struct ReadReport {
-    std::wstring error;      // "line 120, group 40: not a number: abc"; set when reading failed
-    uint64_t repairs = 0;    // faults that were mended
+    std::wstring error;     // "line 120, group 40: not a number: abc"; set when reading failed
+    uint64_t repairs = 0;   // faults that were mended
     std::wstring firstRepair;
 };
 

@@ -1,6 +1,6 @@
 #include "GroupResbuf.h"
-#include "../../rx/ResBufs.h"
 #include "../../rx/acutads.h"
+#include "../../rx/ResBufs.h"
 #include "../../win/CharTables.h"
 #include "../AcDbDatabase.h"
 #include "../AcDbSymbolTable.h"
@@ -121,11 +121,21 @@ bool AppendBuffer(const resbuf& buffer, AcDbDatabase* database, GroupList& group
     GroupValue group;
     group.code = int16_t(code);
     switch (ResKindOf(code)) {
-    case ResKind::Real: group.value = double(buffer.resval.rreal); break;
-    case ResKind::Point: AppendPoint(groups, code, buffer.resval.rpoint, 3); return true;
-    case ResKind::Short: group.value = int64_t(buffer.resval.rint); break;
-    case ResKind::Long: group.value = int64_t(buffer.resval.rlong); break;
-    case ResKind::Int64: group.value = int64_t(buffer.resval.mnInt64); break;
+    case ResKind::Real:
+        group.value = double(buffer.resval.rreal);
+        break;
+    case ResKind::Point:
+        AppendPoint(groups, code, buffer.resval.rpoint, 3);
+        return true;
+    case ResKind::Short:
+        group.value = int64_t(buffer.resval.rint);
+        break;
+    case ResKind::Long:
+        group.value = int64_t(buffer.resval.rlong);
+        break;
+    case ResKind::Int64:
+        group.value = int64_t(buffer.resval.mnInt64);
+        break;
     case ResKind::EntityName: {
         AcDbObjectId id;
         id.setFromOldId(buffer.resval.rlname[0]);
@@ -141,13 +151,13 @@ bool AppendBuffer(const resbuf& buffer, AcDbDatabase* database, GroupList& group
     case ResKind::Text: {
         const wchar_t* text = buffer.resval.rstring == nullptr ? L"" : buffer.resval.rstring;
         if (code == 1005 || (code >= 320 && code <= 329))
-            group.value = AcDbObjectId(database == nullptr ? nullptr
-                                                           : CoreOf(*database).handles.Get(AcDbHandle(text)));
+            group.value = AcDbObjectId(database == nullptr ? nullptr : CoreOf(*database).handles.Get(AcDbHandle(text)));
         else
             group.value = CString(text);
         break;
     }
-    default: return false;
+    default:
+        return false;
     }
     groups.push_back(std::move(group));
     return true;
@@ -184,7 +194,8 @@ Acad::ErrorStatus ReplaceXData(GroupList& xData, const resbuf* chain, AcDbDataba
         const size_t end = EndOfApplication(added, i);
         for (size_t old = 0; old < xData.size();)
             if (IsNamed(xData[old], added[i].text()))
-                xData.erase(xData.begin() + std::ptrdiff_t(old), xData.begin() + std::ptrdiff_t(EndOfApplication(xData, old)));
+                xData.erase(xData.begin() + std::ptrdiff_t(old),
+                            xData.begin() + std::ptrdiff_t(EndOfApplication(xData, old)));
             else
                 old = EndOfApplication(xData, old);
         if (end > i + 1)

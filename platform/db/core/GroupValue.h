@@ -1,7 +1,7 @@
 // One DXF group held as a value: what no field of a class claims, extended data, extended records.
 #pragma once
-#include "../AcDbObjectId.h"
 #include "../../mfc/CString.h"
+#include "../AcDbObjectId.h"
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -23,13 +23,16 @@ using Bytes = std::shared_ptr<const std::string>;
 
 struct GroupValue {
     int16_t code = 0;
-    uint8_t section = 0;     // of the object's class, counted from 0 for the header before any subclass marker
-    bool startsRun = false;  // the first of a run of neighbouring groups
+    uint8_t section = 0;      // of the object's class, counted from 0 for the header before any subclass marker
+    bool startsRun = false;   // the first of a run of neighbouring groups
     std::variant<int64_t, double, AcDbObjectId, CString, Bytes> value;
 
     double real() const { return std::holds_alternative<double>(value) ? std::get<double>(value) : double(integer()); }
     int64_t integer() const;
-    AcDbObjectId id() const { return std::holds_alternative<AcDbObjectId>(value) ? std::get<AcDbObjectId>(value) : nullptr; }
+    AcDbObjectId id() const
+    {
+        return std::holds_alternative<AcDbObjectId>(value) ? std::get<AcDbObjectId>(value) : nullptr;
+    }
     CString text() const { return std::holds_alternative<CString>(value) ? std::get<CString>(value) : CString(); }
 };
 

@@ -124,9 +124,12 @@ bool IsSame(const ShapeNode& a, const ShapeNode& b)
     case Op::Owner:
     case Op::XData:
     case Op::Reactor:
-    case Op::Dictionary: return true;
-    case Op::Marker: return a.section == b.section;
-    default: return a.section == b.section && a.field == b.field && a.component == b.component;
+    case Op::Dictionary:
+        return true;
+    case Op::Marker:
+        return a.section == b.section;
+    default:
+        return a.section == b.section && a.field == b.field && a.component == b.component;
     }
 }
 
@@ -163,8 +166,10 @@ std::vector<ShapeNode> Walk::Merged(const std::vector<ShapeNode>& read) const
                 place = std::max(place, found + 1);
             continue;
         }
-        const bool isOfReactors = step.op == Op::Reactor || (step.op >= Op::GroupOpen && step.op <= Op::GroupClose && step.field == 1);
-        const bool isOfDictionary = step.op == Op::Dictionary || (step.op >= Op::GroupOpen && step.op <= Op::GroupClose && step.field == 2);
+        const bool isOfReactors =
+            step.op == Op::Reactor || (step.op >= Op::GroupOpen && step.op <= Op::GroupClose && step.field == 1);
+        const bool isOfDictionary =
+            step.op == Op::Dictionary || (step.op >= Op::GroupOpen && step.op <= Op::GroupClose && step.field == 2);
         if ((isOfReactors && hasReactors) || (isOfDictionary && hasDictionary) || step.op == Op::Other ||
             step.op == Op::Handle || step.op == Op::Owner)
             continue;
@@ -197,7 +202,8 @@ void Walk::EmitOthers(size_t section, bool wholeSection)
                 m_sink.Value(group);
         return;
     }
-    for (bool isFirst = true; m_nextOther < others.size() && (isFirst || !others[m_nextOther].startsRun); isFirst = false)
+    for (bool isFirst = true; m_nextOther < others.size() && (isFirst || !others[m_nextOther].startsRun);
+         isFirst = false)
         m_sink.Value(others[m_nextOther++]);
 }
 
@@ -206,15 +212,33 @@ void Walk::EmitField(const ShapeNode& step)
     const Field& field = m_schema.sections()[step.section].fields[step.field];
     const char* at = reinterpret_cast<const char*>(&m_object) + step.offset;
     switch (step.op) {
-    case Op::Int16: m_sink.Integer(step.code, *reinterpret_cast<const int16_t*>(at)); break;
-    case Op::Int32: m_sink.Integer(step.code, *reinterpret_cast<const int32_t*>(at)); break;
-    case Op::Int64: m_sink.Integer(step.code, *reinterpret_cast<const int64_t*>(at)); break;
-    case Op::Real: m_sink.Real(step.code, *reinterpret_cast<const double*>(at)); break;
-    case Op::Text: m_sink.Text(step.code, *reinterpret_cast<const CString*>(at)); break;
-    case Op::Id: m_sink.Id(step.code, *reinterpret_cast<const AcDbObjectId*>(at)); break;
-    case Op::Name: m_sink.Name(step.code, *reinterpret_cast<const AcDbObjectId*>(at), step.table); break;
-    case Op::Bytes: m_sink.Binary(step.code, *reinterpret_cast<const Bytes*>(at)); break;
-    case Op::Count: m_sink.Integer(step.code, field.count(m_object)); break;
+    case Op::Int16:
+        m_sink.Integer(step.code, *reinterpret_cast<const int16_t*>(at));
+        break;
+    case Op::Int32:
+        m_sink.Integer(step.code, *reinterpret_cast<const int32_t*>(at));
+        break;
+    case Op::Int64:
+        m_sink.Integer(step.code, *reinterpret_cast<const int64_t*>(at));
+        break;
+    case Op::Real:
+        m_sink.Real(step.code, *reinterpret_cast<const double*>(at));
+        break;
+    case Op::Text:
+        m_sink.Text(step.code, *reinterpret_cast<const CString*>(at));
+        break;
+    case Op::Id:
+        m_sink.Id(step.code, *reinterpret_cast<const AcDbObjectId*>(at));
+        break;
+    case Op::Name:
+        m_sink.Name(step.code, *reinterpret_cast<const AcDbObjectId*>(at), step.table);
+        break;
+    case Op::Bytes:
+        m_sink.Binary(step.code, *reinterpret_cast<const Bytes*>(at));
+        break;
+    case Op::Count:
+        m_sink.Integer(step.code, field.count(m_object));
+        break;
     case Op::List:
         for (const auto& done : m_doneLists)
             if (done.first == step.section && done.second == step.field)
@@ -222,19 +246,29 @@ void Walk::EmitField(const ShapeNode& step)
         m_doneLists.emplace_back(step.section, step.field);
         field.list->Get(m_object, m_sink, m_form.version);
         break;
-    default: break;
+    default:
+        break;
     }
 }
 
 void Walk::Emit(const ShapeNode& step)
 {
     switch (step.op) {
-    case Op::Root: break;
-    case Op::Handle: m_sink.Id(step.code, m_object.objectId()); break;
-    case Op::Owner: m_sink.Id(step.code, m_object.ownerId()); break;
-    case Op::Marker: m_sink.Marker(100, m_schema.sections()[step.section].marker); break;
+    case Op::Root:
+        break;
+    case Op::Handle:
+        m_sink.Id(step.code, m_object.objectId());
+        break;
+    case Op::Owner:
+        m_sink.Id(step.code, m_object.ownerId());
+        break;
+    case Op::Marker:
+        m_sink.Marker(100, m_schema.sections()[step.section].marker);
+        break;
     case Op::GroupOpen:
-    case Op::GroupClose: m_sink.Marker(102, BraceText(step)); break;
+    case Op::GroupClose:
+        m_sink.Marker(102, BraceText(step));
+        break;
     case Op::Reactor:
         if (m_annex != nullptr)
             for (AcDbObjectId reactor : m_annex->reactors)
@@ -244,14 +278,18 @@ void Walk::Emit(const ShapeNode& step)
         if (m_annex != nullptr)
             m_sink.Id(step.code, m_annex->extensionDictionary);
         break;
-    case Op::Other: EmitOthers(step.section, !m_isAsRead); break;
+    case Op::Other:
+        EmitOthers(step.section, !m_isAsRead);
+        break;
     case Op::XData:
         if (m_annex != nullptr && !m_isXDataDone)
             for (const GroupValue& group : m_annex->xData)
                 m_sink.Value(group);
         m_isXDataDone = true;
         break;
-    default: EmitField(step); break;
+    default:
+        EmitField(step);
+        break;
     }
 }
 

@@ -17,10 +17,7 @@ public:
         for (AcDbObjectId id : static_cast<const C&>(object).*m_member)
             sink.Id(m_code, id);
     }
-    void Copy(AcDbObject& to, const AcDbObject& from) const override
-    {
-        Of(to) = static_cast<const C&>(from).*m_member;
-    }
+    void Copy(AcDbObject& to, const AcDbObject& from) const override { Of(to) = static_cast<const C&>(from).*m_member; }
     bool IsEmpty(const AcDbObject& object) const override { return (static_cast<const C&>(object).*m_member).empty(); }
     void Clear(AcDbObject& object) const override { Of(object).clear(); }
     void Visit(AcDbObject& object, const ReferenceVisitor& visitor) const override

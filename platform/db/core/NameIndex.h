@@ -1,7 +1,7 @@
 // Finds the records of a symbol table by name, without regard to case. Erased records are not found.
 #pragma once
-#include "../AcDbObjectId.h"
 #include "../../mfc/CString.h"
+#include "../AcDbObjectId.h"
 #include <cstdint>
 #include <string_view>
 #include <vector>

@@ -19,7 +19,7 @@ enum StateBit : uint32_t {
     kChangedSinceRead = 2,   // its groups may differ from the file's
     kModified = 4,           // in this opening
     kEraseToggled = 8,
-    kPlaceholder = 16        // stands for a record that names mention but no table defines
+    kPlaceholder = 16   // stands for a record that names mention but no table defines
 };
 
 struct ObjectAccess {

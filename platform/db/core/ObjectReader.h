@@ -31,26 +31,57 @@ public:
         m_node = m_core.shapes.Step(*m_schema, m_node, source.code(), [&] { return source.Raw(); });
         const ShapeNode& step = m_core.shapes[m_node];
         switch (step.op) {
-        case Op::Real: At<double>(step) = source.Real(); break;
-        case Op::Int16: At<int16_t>(step) = int16_t(source.Integer()); break;
-        case Op::Int32: At<int32_t>(step) = int32_t(source.Integer()); break;
-        case Op::Int64: At<int64_t>(step) = source.Integer(); break;
-        case Op::Text: At<CString>(step) = source.Text(); break;
-        case Op::Name: At<AcDbObjectId>(step) = source.Record(step.table, m_core); break;
-        case Op::Id: At<AcDbObjectId>(step) = Referred(source.Handle()); break;
-        case Op::Handle: m_handle = source.Handle(); break;
-        case Op::Owner: m_owner = Referred(source.Handle()); break;
-        case Op::List: PutInList(source, step); break;
-        case Op::Bytes: At<Bytes>(step) = source.Binary(); break;
+        case Op::Real:
+            At<double>(step) = source.Real();
+            break;
+        case Op::Int16:
+            At<int16_t>(step) = int16_t(source.Integer());
+            break;
+        case Op::Int32:
+            At<int32_t>(step) = int32_t(source.Integer());
+            break;
+        case Op::Int64:
+            At<int64_t>(step) = source.Integer();
+            break;
+        case Op::Text:
+            At<CString>(step) = source.Text();
+            break;
+        case Op::Name:
+            At<AcDbObjectId>(step) = source.Record(step.table, m_core);
+            break;
+        case Op::Id:
+            At<AcDbObjectId>(step) = Referred(source.Handle());
+            break;
+        case Op::Handle:
+            m_handle = source.Handle();
+            break;
+        case Op::Owner:
+            m_owner = Referred(source.Handle());
+            break;
+        case Op::List:
+            PutInList(source, step);
+            break;
+        case Op::Bytes:
+            At<Bytes>(step) = source.Binary();
+            break;
         case Op::Count:
         case Op::Root:
         case Op::Marker:
         case Op::GroupOpen:
-        case Op::GroupClose: break;
-        case Op::Reactor: ObjectAccess::Make(*m_object).reactors.push_back(Referred(source.Handle())); break;
-        case Op::Dictionary: ObjectAccess::Make(*m_object).extensionDictionary = Referred(source.Handle()); break;
-        case Op::Other: PutAside(ObjectAccess::Make(*m_object).others, source, step, before != m_node); break;
-        case Op::XData: PutAside(ObjectAccess::Make(*m_object).xData, source, step, false); break;
+        case Op::GroupClose:
+            break;
+        case Op::Reactor:
+            ObjectAccess::Make(*m_object).reactors.push_back(Referred(source.Handle()));
+            break;
+        case Op::Dictionary:
+            ObjectAccess::Make(*m_object).extensionDictionary = Referred(source.Handle());
+            break;
+        case Op::Other:
+            PutAside(ObjectAccess::Make(*m_object).others, source, step, before != m_node);
+            break;
+        case Op::XData:
+            PutAside(ObjectAccess::Make(*m_object).xData, source, step, false);
+            break;
         }
     }
     // The shape stays with the object, so that it is written back in the form that it had.
@@ -72,14 +103,24 @@ private:
         GroupValue group;
         group.code = int16_t(source.code());
         switch (KindOfGroup(group.code)) {
-        case GroupKind::Real: group.value = source.Real(); break;
+        case GroupKind::Real:
+            group.value = source.Real();
+            break;
         case GroupKind::Int16:
         case GroupKind::Int32:
         case GroupKind::Int64:
-        case GroupKind::Bool: group.value = source.Integer(); break;
-        case GroupKind::Handle: group.value = AcDbObjectId(Referred(source.Handle())); break;
-        case GroupKind::Binary: group.value = source.Binary(); break;
-        case GroupKind::Text: group.value = source.Text(); break;
+        case GroupKind::Bool:
+            group.value = source.Integer();
+            break;
+        case GroupKind::Handle:
+            group.value = AcDbObjectId(Referred(source.Handle()));
+            break;
+        case GroupKind::Binary:
+            group.value = source.Binary();
+            break;
+        case GroupKind::Text:
+            group.value = source.Text();
+            break;
         }
         return group;
     }

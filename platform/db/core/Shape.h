@@ -22,30 +22,30 @@ enum class Op : uint8_t {
     Int16,
     Int32,
     Int64,
-    Real,         // one component of a real or point
+    Real,   // one component of a real or point
     Text,
     Id,
     Name,
     Bytes,
-    Count,        // a number that follows from a list
-    List,         // all groups of one instance of a list
-    Other,        // a run of groups that no field claims
-    XData         // everything from 1000 on
+    Count,   // a number that follows from a list
+    List,    // all groups of one instance of a list
+    Other,   // a run of groups that no field claims
+    XData    // everything from 1000 on
 };
 
 struct ShapeNode {
     int16_t code = 0;
     Op op = Op::Root;
     uint8_t section = 0;
-    uint16_t field = 0;        // index within the section
-    uint8_t component = 0;     // of a point: 0 x, 1 y, 2 z
+    uint16_t field = 0;      // index within the section
+    uint8_t component = 0;   // of a point: 0 x, 1 y, 2 z
     TableKind table = TableKind::Count;
-    uint32_t offset = 0;       // of the value from the start of the object, component included
+    uint32_t offset = 0;   // of the value from the start of the object, component included
     uint32_t parent = 0;
     uint32_t firstChild = 0;   // 0: none
     uint32_t nextSibling = 0;
-    uint32_t predicted = 0;    // the child taken last
-    uint32_t text = 0;         // of a marker or brace: index into the table of texts
+    uint32_t predicted = 0;   // the child taken last
+    uint32_t text = 0;        // of a marker or brace: index into the table of texts
     uint16_t depth = 0;
     bool isInBraces = false;   // of a run: within the braces of an application that no class of ours knows
     bool isMarked = false;     // a subclass marker came before: groups belong to the section of the last one
@@ -87,7 +87,7 @@ private:
     std::vector<ShapeNode> m_nodes;
     std::vector<std::string> m_texts{std::string()};
     std::unordered_map<std::string, uint32_t> m_textIndex;
-    std::vector<uint32_t> m_roots;                       // by number of the schema
+    std::vector<uint32_t> m_roots;   // by number of the schema
     std::unordered_map<uint32_t, std::vector<uint32_t>> m_paths;
 };
 

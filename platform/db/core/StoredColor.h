@@ -23,8 +23,8 @@ inline void StoreColor(const AcCmColor& color, int16_t& index, int32_t& trueColo
 {
     const int sign = index < 0 ? -1 : 1;
     index = int16_t(sign * int(color.colorIndex()));
-    trueColor = color.isByColor() ? int32_t(color.red()) << 16 | int32_t(color.green()) << 8 | color.blue()
-                                  : kNoTrueColor;
+    trueColor =
+        color.isByColor() ? int32_t(color.red()) << 16 | int32_t(color.green()) << 8 | color.blue() : kNoTrueColor;
 }
 
 }   // namespace KxPlat

@@ -1,8 +1,8 @@
 // What an AcDbObjectId points to: one record per handle of a database, whether its object is there or not.
 #pragma once
+#include "../../rx/acadstrc.h"
 #include "../AcDb.h"
 #include "../AcDbObjectId.h"
-#include "../../rx/acadstrc.h"
 #include <cstdint>
 
 class AcDbObject;

@@ -26,7 +26,7 @@ public:
     bool IsOff() const { return m_isOff; }
 
     void Changing(AcDbObject& object);
-    void Erasing(AcDbStub* stub);     // before the erased flag turns
+    void Erasing(AcDbStub* stub);   // before the erased flag turns
     void Added(AcDbStub* stub);
     void ChangingHeader(const HeaderVars& vars, std::string_view name);
 
@@ -44,9 +44,9 @@ private:
     // Small, since a command may change every layer of a large drawing: exactly one of the three is recorded.
     struct Change {
         AcDbStub* stub = nullptr;
-        std::unique_ptr<AcDbObject> before;      // fields
-        std::unique_ptr<HeaderChange> header;    // a header variable
-        bool wasErased = false;                  // neither of them: the erased flag
+        std::unique_ptr<AcDbObject> before;     // fields
+        std::unique_ptr<HeaderChange> header;   // a header variable
+        bool wasErased = false;                 // neither of them: the erased flag
     };
     struct Step {
         CString command;

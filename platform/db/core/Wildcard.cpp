@@ -44,7 +44,8 @@ private:
         bool isFound = false;
         for (size_t i = isNegated ? 1 : 0; i < set.size(); ++i) {
             if (i + 2 < set.size() && set[i + 1] == L'-') {
-                const wchar_t low = m_isExact ? set[i] : Upper(set[i]), high = m_isExact ? set[i + 2] : Upper(set[i + 2]);
+                const wchar_t low = m_isExact ? set[i] : Upper(set[i]),
+                              high = m_isExact ? set[i + 2] : Upper(set[i + 2]);
                 const wchar_t folded = m_isExact ? c : Upper(c);
                 isFound = isFound || (folded >= low && folded <= high);
                 i += 2;
@@ -60,10 +61,14 @@ private:
     {
         const wchar_t element = pattern[p++];
         switch (element) {
-        case L'?': return true;
-        case L'#': return IsDigit(c);
-        case L'@': return IsLetter(c);
-        case L'.': return !IsDigit(c) && !IsLetter(c);
+        case L'?':
+            return true;
+        case L'#':
+            return IsDigit(c);
+        case L'@':
+            return IsLetter(c);
+        case L'.':
+            return !IsDigit(c) && !IsLetter(c);
         case L'[': {
             const size_t end = pattern.find(L']', p);
             if (end == std::wstring_view::npos)
@@ -72,8 +77,10 @@ private:
             p = end + 1;
             return InSet(c, set);
         }
-        case L'`': return p < pattern.size() ? Same(c, pattern[p++]) : Same(c, element);
-        default: return Same(c, element);
+        case L'`':
+            return p < pattern.size() ? Same(c, pattern[p++]) : Same(c, element);
+        default:
+            return Same(c, element);
         }
     }
 

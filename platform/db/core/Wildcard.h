@@ -1,5 +1,6 @@
 // The host's name patterns: * any text, ? any character, # a digit, @ a letter, . neither letter nor digit,
-// [abc] [a-c] [~abc] one of or none of, a leading ~ negates, a comma separates alternatives, ` quotes the next character.
+// [abc] [a-c] [~abc] one of or none of, a leading ~ negates, a comma separates alternatives, ` quotes the next
+// character.
 #pragma once
 #include <string_view>
 

@@ -104,6 +104,15 @@ void SetCurrent(AcDbObjectId layer)
         acutPrintf(L"\nCannot make a frozen layer current.");
 }
 
+// A terminal gives ideographs two columns.
+CString Padded(const CString& text, int columns)
+{
+    int width = 0;
+    for (int i = 0; i < text.GetLength(); ++i)
+        width += text[i] >= 0x1100 && (text[i] <= 0x115F || text[i] >= 0x2E80) ? 2 : 1;
+    return width < columns ? text + CString(L' ', columns - width) : text;
+}
+
 // --- the options ---
 
 void ListLayers()
@@ -121,8 +130,9 @@ void ListLayers()
         CString state = layer.isOff() ? L"off" : L"on";
         state += layer.isFrozen() ? L", frozen" : L"";
         state += layer.isLocked() ? L", locked" : L"";
-        acutPrintf(L"\n%-34s %-22s %-8d %s", static_cast<const wchar_t*>(name), static_cast<const wchar_t*>(state),
-                   int(layer.colorIndex()), static_cast<const wchar_t*>(NameOf(layer.linetypeObjectId())));
+        acutPrintf(L"\n%s %-22s %-8d %s", static_cast<const wchar_t*>(Padded(name, 34)),
+                   static_cast<const wchar_t*>(state), int(layer.colorIndex()),
+                   static_cast<const wchar_t*>(NameOf(layer.linetypeObjectId())));
     }
     acutPrintf(L"\nCurrent layer:  \"%s\"", static_cast<const wchar_t*>(NameOf(Database().clayer())));
 }
@@ -236,9 +246,8 @@ void SetLineWeight()
         acutPrintf(L"\nA lineweight lies between 0 and 2.11 millimetres.");
         return;
     }
-    AskAndChange(L"\nEnter name list of layer(s) for the lineweight: ", [&](AcDbLayerTableRecord& layer) {
-        return layer.setLineWeight(AcDb::LineWeight(hundredths));
-    });
+    AskAndChange(L"\nEnter name list of layer(s) for the lineweight: ",
+                 [&](AcDbLayerTableRecord& layer) { return layer.setLineWeight(AcDb::LineWeight(hundredths)); });
 }
 
 void SetPlot()
@@ -295,14 +304,22 @@ struct Option {
 };
 
 const Option kOptions[] = {
-    {L"?", ListLayers},         {L"Make", Make},
-    {L"Set", Set},              {L"New", New},
-    {L"Rename", Rename},        {L"ON", SetOff<false>},
-    {L"OFF", SetOff<true>},     {L"Color", SetColor},
-    {L"Ltype", SetLinetype},    {L"LWeight", SetLineWeight},
-    {L"Plot", SetPlot},         {L"Freeze", SetFrozen<true>},
-    {L"Thaw", SetFrozen<false>}, {L"LOck", SetLocked<true>},
-    {L"Unlock", SetLocked<false>}, {L"Description", SetDescription},
+    {L"?", ListLayers},
+    {L"Make", Make},
+    {L"Set", Set},
+    {L"New", New},
+    {L"Rename", Rename},
+    {L"ON", SetOff<false>},
+    {L"OFF", SetOff<true>},
+    {L"Color", SetColor},
+    {L"Ltype", SetLinetype},
+    {L"LWeight", SetLineWeight},
+    {L"Plot", SetPlot},
+    {L"Freeze", SetFrozen<true>},
+    {L"Thaw", SetFrozen<false>},
+    {L"LOck", SetLocked<true>},
+    {L"Unlock", SetLocked<false>},
+    {L"Description", SetDescription},
 };
 
 }   // namespace

@@ -33,10 +33,10 @@ bool IsEmptyGroup(const AcDbObject& object)
 }
 
 struct PurgeKind {
-    const wchar_t* keyword;      // as acedInitGet takes it
+    const wchar_t* keyword;   // as acedInitGet takes it
     const wchar_t* singular;
     const wchar_t* plural;
-    TableKind table;             // Count: the entries of `dictionary`
+    TableKind table;   // Count: the entries of `dictionary`
     const wchar_t* dictionary;
     bool (*isOfKind)(const AcDbObject&);
 };
@@ -192,7 +192,8 @@ const PurgeKind* KindOfKeyword(const wchar_t* keyword)
 void KxPlat::PurgeCommand()
 {
     AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    acedInitGet(RSG_NONULL, L"Blocks Dimstyles Groups LAyers LTypes Plotstyles SHapes textSTyles Mlinestyles Regapps All");
+    acedInitGet(RSG_NONULL,
+                L"Blocks Dimstyles Groups LAyers LTypes Plotstyles SHapes textSTyles Mlinestyles Regapps All");
     ACHAR keyword[64] = L"";
     if (acedGetKword(L"\nEnter type of unused objects to purge "
                      L"[Blocks/Dimstyles/Groups/LAyers/LTypes/Plotstyles/SHapes/textSTyles/Mlinestyles/Regapps/All]: ",

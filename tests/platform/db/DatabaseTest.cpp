@@ -142,9 +142,8 @@ TEST_F(Database, LayersKeepTheirRules)
         EXPECT_TRUE(layer.isOff());
         EXPECT_EQ(layer.colorIndex(), 7);
     });
-    Edit<AcDbLayerTableRecord>(wall, [](AcDbLayerTableRecord& layer) {
-        EXPECT_EQ(layer.setIsFrozen(true), Acad::eOk);
-    });
+    Edit<AcDbLayerTableRecord>(wall,
+                               [](AcDbLayerTableRecord& layer) { EXPECT_EQ(layer.setIsFrozen(true), Acad::eOk); });
     EXPECT_EQ(db.setClayer(wall), Acad::eInvalidLayer);
 }
 
@@ -276,15 +275,19 @@ TEST_F(Database, ClonesTakeTheirLayersToAnotherDrawing)
 
 TEST_F(Database, WildcardsFollowTheHost)
 {
-    struct Row { const wchar_t *text, *pattern; bool matches; };
+    struct Row {
+        const wchar_t *text, *pattern;
+        bool matches;
+    };
     static const Row rows[] = {
-        {L"Wall-1", L"WALL*", true},   {L"Wall-1", L"wall-#", true}, {L"Wall-x", L"wall-#", false},
-        {L"a.b", L"a`.b", true},       {L"axb", L"a`.b", false},     {L"a-b", L"a.b", true},
-        {L"墙体", L"墙?", true},       {L"abc", L"~a*", false},      {L"abc", L"x*,*c", true},
-        {L"b7", L"[a-c]#", true},      {L"d7", L"[~a-c]#", true},    {L"", L"*", true},
-        {L"", L"?", false},            {L"a,b", L"a`,b", true},      {L"aaaaaaaab", L"*a*a*a*a*c", false},
+        {L"Wall-1", L"WALL*", true}, {L"Wall-1", L"wall-#", true}, {L"Wall-x", L"wall-#", false},
+        {L"a.b", L"a`.b", true},     {L"axb", L"a`.b", false},     {L"a-b", L"a.b", true},
+        {L"墙体", L"墙?", true},     {L"abc", L"~a*", false},      {L"abc", L"x*,*c", true},
+        {L"b7", L"[a-c]#", true},    {L"d7", L"[~a-c]#", true},    {L"", L"*", true},
+        {L"", L"?", false},          {L"a,b", L"a`,b", true},      {L"aaaaaaaab", L"*a*a*a*a*c", false},
     };
     for (const Row& row : rows)
-        EXPECT_EQ(WildcardMatch(row.text, row.pattern), row.matches) << testing::PrintToString(row.text) << testing::PrintToString(row.pattern);
+        EXPECT_EQ(WildcardMatch(row.text, row.pattern), row.matches)
+            << testing::PrintToString(row.text) << testing::PrintToString(row.pattern);
     EXPECT_FALSE(WildcardMatchExact(L"abc", L"ABC"));
 }

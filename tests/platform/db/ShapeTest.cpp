@@ -36,8 +36,16 @@ private:
 class TextSink : public GroupSink {
 public:
     std::string text;
-    void Real(int code, double value) override { Line(code) << value; Flush(); }
-    void Integer(int code, int64_t value) override { Line(code) << value; Flush(); }
+    void Real(int code, double value) override
+    {
+        Line(code) << value;
+        Flush();
+    }
+    void Integer(int code, int64_t value) override
+    {
+        Line(code) << value;
+        Flush();
+    }
     void Text(int code, const CString& value) override
     {
         Line(code);
@@ -55,8 +63,16 @@ public:
         AcDbStub* stub = record;
         Text(code, static_cast<AcDbSymbolTableRecord*>(stub->object)->nameText());
     }
-    void Binary(int code, const Bytes& value) override { Line(code) << *value; Flush(); }
-    void Marker(int code, std::string_view value) override { Line(code) << value; Flush(); }
+    void Binary(int code, const Bytes& value) override
+    {
+        Line(code) << *value;
+        Flush();
+    }
+    void Marker(int code, std::string_view value) override
+    {
+        Line(code) << value;
+        Flush();
+    }
 
 private:
     std::ostream& Line(int code) { return m_out << code << ' '; }
@@ -98,8 +114,8 @@ std::string Joined(const std::vector<TextGroup>& groups)
     return text;
 }
 
-const std::vector<TextGroup> kUsual = {{5, "abc"},  {330, "12"}, {100, "AcDbEntity"}, {8, "0"},  {100, "AcDbLine"},
-                                       {10, "1"},   {20, "2"},   {30, "3"},           {11, "4"}, {21, "5"},
+const std::vector<TextGroup> kUsual = {{5, "abc"}, {330, "12"}, {100, "AcDbEntity"}, {8, "0"},  {100, "AcDbLine"},
+                                       {10, "1"},  {20, "2"},   {30, "3"},           {11, "4"}, {21, "5"},
                                        {31, "6"}};
 
 }   // namespace
@@ -109,19 +125,38 @@ TEST(Shape, GroupsComeBackInTheOrderOfTheFile)
     const std::vector<std::vector<TextGroup>> forms = {
         kUsual,
         // Defaults that the file spells out, groups unknown to a line, a second 10.
-        {{5, "b01"}, {330, "12"}, {100, "AcDbEntity"}, {8, "0"}, {62, "256"}, {92, "7"}, {310, "AB"}, {310, "CD"},
-         {100, "AcDbLine"}, {39, "0"}, {10, "1"}, {20, "2"}, {30, "3"}, {11, "4"}, {21, "5"}, {31, "6"}, {10, "9"},
-         {77, "1"}, {210, "0"}, {220, "0"}, {230, "1"}},
+        {{5, "b01"},  {330, "12"},       {100, "AcDbEntity"}, {8, "0"},  {62, "256"}, {92, "7"},  {310, "AB"},
+         {310, "CD"}, {100, "AcDbLine"}, {39, "0"},           {10, "1"}, {20, "2"},   {30, "3"},  {11, "4"},
+         {21, "5"},   {31, "6"},         {10, "9"},           {77, "1"}, {210, "0"},  {220, "0"}, {230, "1"}},
         // No markers, no handle, layer last.
         {{10, "1"}, {20, "2"}, {11, "4"}, {21, "5"}, {8, "0"}},
         // Reactors, extension dictionary, another application's braces, extended data.
-        {{5, "b11"}, {102, "{ACAD_XDICTIONARY"}, {360, "20"}, {102, "}"}, {102, "{OTHER"}, {330, "5"}, {102, "}"},
-         {102, "{ACAD_REACTORS"}, {330, "21"}, {330, "22"}, {102, "}"}, {330, "12"}, {100, "AcDbEntity"}, {8, "0"},
-         {100, "AcDbLine"}, {10, "1"}, {20, "2"}, {30, "3"}, {11, "4"}, {21, "5"}, {31, "6"}, {1001, "ACAD"},
-         {1000, "x"}, {1070, "3"}},
+        {{5, "b11"},          {102, "{ACAD_XDICTIONARY"},
+         {360, "20"},         {102, "}"},
+         {102, "{OTHER"},     {330, "5"},
+         {102, "}"},          {102, "{ACAD_REACTORS"},
+         {330, "21"},         {330, "22"},
+         {102, "}"},          {330, "12"},
+         {100, "AcDbEntity"}, {8, "0"},
+         {100, "AcDbLine"},   {10, "1"},
+         {20, "2"},           {30, "3"},
+         {11, "4"},           {21, "5"},
+         {31, "6"},           {1001, "ACAD"},
+         {1000, "x"},         {1070, "3"}},
         // A subclass that no class of ours has.
-        {{5, "b21"}, {330, "12"}, {100, "AcDbEntity"}, {8, "0"}, {100, "AcDbStrange"}, {10, "7"}, {100, "AcDbLine"},
-         {10, "1"}, {20, "2"}, {30, "3"}, {11, "4"}, {21, "5"}, {31, "6"}},
+        {{5, "b21"},
+         {330, "12"},
+         {100, "AcDbEntity"},
+         {8, "0"},
+         {100, "AcDbStrange"},
+         {10, "7"},
+         {100, "AcDbLine"},
+         {10, "1"},
+         {20, "2"},
+         {30, "3"},
+         {11, "4"},
+         {21, "5"},
+         {31, "6"}},
     };
     AcDbDatabase database;
     CoreOf(database).form.version = AcDb::kDHL_1015;
