@@ -27,6 +27,12 @@ struct FileInfo {
     bool writable = false;
     uint64_t size = 0;
     int64_t created = 0, modified = 0, accessed = 0;   // seconds since 1970
+    // What differs, for all that anyone can tell, once a file was changed or replaced.
+    struct Stamp {
+        uint64_t node = 0, size = 0;
+        int64_t seconds = 0, nanoseconds = 0;
+        bool operator==(const Stamp&) const = default;
+    } stamp;
 };
 FileInfo FileInfoOf(const std::string& hostPath);
 

@@ -59,6 +59,7 @@ FileInfo FileInfoOf(const std::string& hostPath)
     info.created = status.st_ctime;
     info.modified = status.st_mtime;
     info.accessed = status.st_atime;
+    info.stamp = {status.st_ino, info.size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
     return info;
 }
 
