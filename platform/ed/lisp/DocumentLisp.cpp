@@ -1,4 +1,6 @@
 #include "DocumentLisp.h"
+#include "../../db/AcDbDatabase.h"
+#include "../../db/core/DbCore.h"
 #include "../../rx/acutads.h"
 #include "../../win/CharTables.h"
 #include "../Session.h"
@@ -64,6 +66,9 @@ public:
     bool EvaluateAndPrint(AcApDocument& document, std::wstring_view text) override
     {
         Interpreter& lisp = InterpreterOf(document);
+        // What a form does to the drawing is one step back.
+        if (TheEditor() != nullptr && TheEditor()->running.empty())
+            CoreOf(*document.database()).undo.Begin(L"LISP");
         Value value;
         if (!Answer(lisp, text, value))
             return false;

@@ -35,9 +35,7 @@ void SelectionSet::Assign(std::vector<AcDbObjectId> ids)
     m_ids = std::move(ids);
     m_start = 0;
     m_index.clear();
-    m_isClean = std::is_sorted(m_ids.begin(), m_ids.end(), [](const AcDbStub* a, const AcDbStub* b) {
-        return a->handle <= b->handle;   // strictly rising: no pair may be equal
-    });
+    m_isClean = true;
 }
 
 bool SelectionSet::Remove(AcDbObjectId id)
@@ -108,8 +106,14 @@ SelectionSet* SelectionSets::Find(const ads_name name) const
 {
     if (!IsSelectionSetName(name))
         return nullptr;
+    auto& recent = m_recent[name[0] & 1];
+    if (recent.first == name[0])
+        return recent.second;
     const auto found = m_sets.find(name[0]);
-    return found == m_sets.end() ? nullptr : &found->second->set;
+    if (found == m_sets.end())
+        return nullptr;
+    recent = {name[0], &found->second->set};
+    return recent.second;
 }
 
 void SelectionSets::Hold(const ads_name name)
@@ -123,8 +127,10 @@ bool SelectionSets::Release(const ads_name name)
     if (Find(name) == nullptr)
         return false;
     const auto found = m_sets.find(name[0]);
-    if (--found->second->holders == 0)
+    if (--found->second->holders == 0) {
+        m_recent[name[0] & 1] = {};
         m_sets.erase(found);
+    }
     return true;
 }
 

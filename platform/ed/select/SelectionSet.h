@@ -21,7 +21,7 @@ public:
         if (!m_index.empty())
             m_index.insert(id);
     }
-    void Assign(std::vector<AcDbObjectId> ids);
+    void Assign(std::vector<AcDbObjectId> ids);   // none of them twice
     bool Remove(AcDbObjectId id);
     bool Has(AcDbObjectId id) const;
     size_t Length() const;
@@ -63,6 +63,8 @@ private:
     };
     std::unordered_map<Adesk::IntPtr, std::unique_ptr<Entry>> m_sets;
     Adesk::IntPtr m_last = 0;
+    // The sets asked for last, even and odd numbers apart: programs copy one set to another member by member.
+    mutable std::pair<Adesk::IntPtr, SelectionSet*> m_recent[2] = {};
 };
 
 bool IsSelectionSetName(const ads_name name);

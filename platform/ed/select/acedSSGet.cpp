@@ -2,10 +2,14 @@
 #include "../../db/AcDbDatabase.h"
 #include "../../db/core/Stub.h"
 #include "../../win/CharTables.h"
+#include "../../win/Format.h"
 #include "../acedads.h"
+#include "../AcEdCommand.h"
+#include "../EditorState.h"
 #include "ChooseObjects.h"
 #include "DocumentSelection.h"
 #include "Errno.h"
+#include <utility>
 
 using namespace KxPlat;
 
@@ -126,6 +130,16 @@ int Ask(const Mode& mode, const void* prompts, const SelectionFilter& filter, Id
     return AskForObjects(choice, ids);
 }
 
+// The host's own commands take what was selected before them, if they are marked for it; modules ask for it themselves.
+bool TakesPickFirst(const Mode& mode)
+{
+    const EditorState* editor = TheEditor();
+    if (mode.Has(L'$') || editor == nullptr || editor->running.empty() || IntegerVar(L"PICKFIRST") == 0)
+        return false;
+    const RunningCommand& command = editor->running.back();
+    return command.module == nullptr && (command.flags & ACRX_CMD_USEPICKSET) != 0;
+}
+
 void KeepTaken(const Mode& mode, const SelectionFilter& filter, Ids& ids)
 {
     if (filter.IsEmpty() && !mode.Has(L'L'))
@@ -167,6 +181,10 @@ int acedSSGet(const ACHAR* modeText, const void* point1, const void* point2, con
         if (!hit.isNull())
             ids.push_back(hit);
         KeepTaken(mode, filter, ids);
+    } else if (mode.way.empty() && TakesPickFirst(mode) && !CurrentSelection().pickFirst.empty()) {
+        ids = Live(std::exchange(CurrentSelection().pickFirst, {}));
+        KeepTaken(mode, filter, ids);
+        Ui().Print(Format(L"\n%d found", int(ids.size())));
     } else if (mode.way.empty()) {
         const int answer = Ask(mode, point1, filter, ids);
         if (answer == RTCAN)
