@@ -1,6 +1,7 @@
 // acedSSGet: the mode word, and what each of its ways chooses.
 #include "../../db/AcDbDatabase.h"
 #include "../../db/core/Stub.h"
+#include "../../ui/HostUi.h"
 #include "../../win/CharTables.h"
 #include "../../win/Format.h"
 #include "../acedads.h"
