@@ -23,7 +23,7 @@ const ClassSchema& AcDbDimension::fieldSchema()
                                         Point3(12, &Dimension::m_insertion),
                                         Int16(70, &Dimension::m_type).always(),
                                         Text(1, &Dimension::m_text),
-                                        Int16(71, &Dimension::m_attachment, 5).since(AcDb::kDHL_1015),
+                                        Int16(71, &Dimension::m_attachment, 5).since(AcDb::kDHL_1015).always(),
                                         Int16(72, &Dimension::m_lineSpacingStyle, 1).since(AcDb::kDHL_1015),
                                         Real(41, &Dimension::m_lineSpacing, 1).since(AcDb::kDHL_1015),
                                         Real(42, &Dimension::m_measurement).since(AcDb::kDHL_1015),

@@ -12,7 +12,7 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbHatch, AcDbEntity, 0, 0, 0, HATCH, AcDb)
 
 namespace {
 
-// Groups that begin when a loop, or a line of the pattern, does.
+// Groups that begin with a certain one: a loop, the colours of a gradient.
 template <class C>
 class RunList : public GroupListField<C> {
 public:
@@ -41,13 +41,10 @@ const ClassSchema& AcDbHatch::fieldSchema()
     using Hatch = AcDbHatch;
     static const RunList<Hatch> loops(&Hatch::m_loops, 92, {92, 93, 72, 73, 10, 20, 42, 11, 21, 40, 50, 51,
                                                             94, 74, 95, 96, 41, 97, 12, 22, 13, 23, 330});
-    static const RunList<Hatch> lines(&Hatch::m_patternLines, 53, {53, 43, 44, 45, 46, 79, 49});
+    static const GroupListField<Hatch> pattern(&Hatch::m_pattern, {52, 41, 77, 78, 53, 43, 44, 45, 46, 79, 49});
     static const RunList<Hatch> colors(&Hatch::m_gradientColors, 463, {463, 63, 421, 431});
     static const PointList<Hatch, AcGePoint2d> seeds(10, &Hatch::m_seeds);
     const auto self = [](const AcDbObject& o) -> const Hatch& { return static_cast<const Hatch&>(o); };
-    // Present only where there are lines to count.
-    Field lineCount = Count(78, [self](const AcDbObject& o) { return CountOf(self(o).m_patternLines, 53); });
-    lineCount.isAlways = false;
     static const ClassSchema schema(
         &AcDbEntity::fieldSchema(), "HATCH", "AcDbHatch",
         {
@@ -60,11 +57,7 @@ const ClassSchema& AcDbHatch::fieldSchema()
             List(&loops),
             Int16(75, &Hatch::m_style).always(),
             Int16(76, &Hatch::m_patternType, 1).always(),
-            Real(52, &Hatch::m_patternAngle),
-            Real(41, &Hatch::m_patternScale, 1),
-            Int16(77, &Hatch::m_isDouble),
-            lineCount,
-            List(&lines),
+            List(&pattern),
             Real(47, &Hatch::m_pixelSize),
             Count(98, [self](const AcDbObject& o) { return int64_t(self(o).m_seeds.size()); }),
             List(&seeds),
@@ -106,13 +99,32 @@ Acad::ErrorStatus AcDbHatch::setPattern(HatchPatternType type, const ACHAR* name
     m_patternName = name;
     m_patternType = int16_t(type);
     m_isSolid = m_patternName.CompareNoCase(L"SOLID") == 0;
-    m_patternLines.clear();
+    m_pattern.clear();
+    if (m_isSolid == 0) {
+        m_pattern.push_back({52, 0, false, 0.0});
+        m_pattern.push_back({41, 0, false, 1.0});
+        m_pattern.push_back({77, 0, false, int64_t(0)});
+        m_pattern.push_back({78, 0, false, int64_t(0)});
+    }
     return Acad::eOk;
+}
+
+double AcDbHatch::PatternReal(int code, double byDefault) const
+{
+    for (const GroupValue& group : m_pattern)
+        if (group.code == code)
+            return group.real();
+    return byDefault;
 }
 
 double AcDbHatch::patternAngle() const
 {
-    return Radians(m_patternAngle);
+    return Radians(PatternReal(52, 0));
+}
+
+double AcDbHatch::patternScale() const
+{
+    return PatternReal(41, 1);
 }
 
 Acad::ErrorStatus AcDbHatch::setHatchStyle(HatchStyle style)
@@ -254,9 +266,7 @@ Acad::ErrorStatus AcDbHatch::transformBy(const AcGeMatrix3d& transform)
         const AcGePoint3d moved = map.Point(AcGePoint3d(seed.x, seed.y, m_elevation.z));
         seed.set(moved.x, moved.y);
     }
-    MapHatchLines(m_patternLines, map);
-    m_patternAngle = m_isSolid != 0 ? m_patternAngle : map.Degrees(m_patternAngle);
-    m_patternScale *= map.Scale();
+    MapHatchPattern(m_pattern, map);
     m_elevation.z = map.Point(m_elevation).z;
     m_normal = map.normal();
     return Acad::eOk;

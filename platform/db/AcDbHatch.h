@@ -34,7 +34,7 @@ public:
     // Of the predefined patterns only "SOLID" brings its lines along.
     Acad::ErrorStatus setPattern(HatchPatternType type, const ACHAR* name);
     double patternAngle() const;   // radians
-    double patternScale() const { return m_patternScale; }
+    double patternScale() const;
     bool isSolidFill() const { return m_isSolid != 0; }
     bool isGradient() const { return m_isGradient != 0; }
     bool isHatch() const { return m_isGradient == 0; }
@@ -60,19 +60,18 @@ public:
     Acad::ErrorStatus getEcs(AcGeMatrix3d& ecs) const override;
 
 private:
+    double PatternReal(int code, double byDefault) const;
     // The groups of one loop within m_loops.
     bool FindLoop(int index, size_t& begin, size_t& end) const;
 
     AcGePoint3d m_elevation;
     AcGeVector3d m_normal{0, 0, 1};
     CString m_patternName;
-    KxPlat::GroupList m_loops;          // 92 begins each loop
-    KxPlat::GroupList m_patternLines;   // 53 begins each line of the pattern
+    KxPlat::GroupList m_loops;     // 92 begins each loop
+    KxPlat::GroupList m_pattern;   // 52 angle, 41 scale, 77 double, 78 and the lines, which begin with 53
     KxPlat::GroupList m_gradientColors;
     std::vector<AcGePoint2d> m_seeds;
     CString m_gradientName;
-    double m_patternAngle = 0;   // degrees
-    double m_patternScale = 1;
     double m_pixelSize = 0;
     double m_gradientAngle = 0, m_gradientShift = 0, m_gradientTint = 0;
     int32_t m_isGradient = 0, m_gradientReserved = 0, m_isOneColor = 0, m_gradientColorCount = 0;
@@ -80,5 +79,4 @@ private:
     int16_t m_isAssociative = 0;
     int16_t m_style = 0;
     int16_t m_patternType = 1;
-    int16_t m_isDouble = 0;
 };

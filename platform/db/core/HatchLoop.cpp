@@ -239,11 +239,11 @@ void MapHatchLoops(GroupList& groups, const FlatMap& map, double elevation)
     }
 }
 
-void MapHatchLines(GroupList& groups, const FlatMap& map)
+void MapHatchPattern(GroupList& groups, const FlatMap& map)
 {
     for (size_t i = 0; i < groups.size(); ++i) {
         GroupValue& group = groups[i];
-        if (group.code == 53) {
+        if (group.code == 52 || group.code == 53) {
             group.value = map.Degrees(group.real());
         } else if ((group.code == 43 || group.code == 45) && i + 1 < groups.size() &&
                    groups[i + 1].code == group.code + 1) {
@@ -251,7 +251,7 @@ void MapHatchLines(GroupList& groups, const FlatMap& map)
             const AcGePoint3d moved = group.code == 43 ? map.Point(at) : AcGePoint3d() + map.Vector(at.asVector());
             group.value = moved.x;
             groups[i + 1].value = moved.y;
-        } else if (group.code == 49) {
+        } else if (group.code == 49 || group.code == 41) {
             group.value = group.real() * map.Scale();
         }
     }

@@ -32,7 +32,7 @@ private:
 
 // Moves the boundaries of a hatch from the axes before to those after.
 void MapHatchLoops(GroupList& groups, const FlatMap& map, double elevation);
-// Turns and scales the lines of a pattern.
-void MapHatchLines(GroupList& groups, const FlatMap& map);
+// Turns and scales a pattern and its lines.
+void MapHatchPattern(GroupList& groups, const FlatMap& map);
 
 }   // namespace KxPlat
