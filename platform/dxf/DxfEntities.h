@@ -81,9 +81,7 @@ AcDbBlockTableRecord* DxfEntities<Tags>::Space(bool isPaper)
     if (space == nullptr) {
         space = static_cast<AcDbBlockTableRecord*>(NewRecord(TableKind::Block));
         space->takeName(names[isPaper][0]);
-        m_in.AdoptMade(space, blocks->objectId());
-        m_in.core.ResolvePlaceholder(TableKind::Block, space);
-        blocks->attach(space->objectId());
+        m_tables.Attach(TableKind::Block, space, false);
     }
     return space;
 }
@@ -120,9 +118,7 @@ AcDbBlockTableRecord* DxfEntities<Tags>::BlockOf(AcDbStub* beginOwner, AcDbBlock
         m_in.Mend("this block was defined before");
     AcDbBlockTableRecord* block = static_cast<AcDbBlockTableRecord*>(NewRecord(TableKind::Block));
     block->takeName(name);
-    m_in.AdoptMade(block, blocks->objectId());
-    m_in.core.ResolvePlaceholder(TableKind::Block, block);
-    blocks->attach(block->objectId());
+    m_tables.Attach(TableKind::Block, block, false);
     return block;
 }
 

@@ -87,7 +87,9 @@ public:
     // Makes the object read last resident, owned by `owner`. Without a handle of its own, or with one that is taken, it
     // gets one when all handles of the file are known.
     AcDbStub* Adopt(AcDbObject* object, AcDbStub* owner);
-    // The same for an object whose stub was there before its handle was read.
+    // The object has left its first stub for the one of a placeholder.
+    void Moved(const AcDbStub* from, AcDbStub* to);
+    // Gives the handle read last to a stub that was there before.
     void Number(AcDbStub* stub);
     void NumberLater(AcDbStub* stub) { m_made.push_back(stub); }
     void NumberAll();
@@ -158,6 +160,17 @@ AcDbStub* DxfInput<Tags>::Settle(AcDbStub* stub, AcDbObject* object, AcDbStub* o
     ObjectAccess::Owner(*object) = owner;
     ObjectAccess::State(*object) &= ~uint32_t(kNewObject);
     return stub;
+}
+
+template <class Tags>
+void DxfInput<Tags>::Moved(const AcDbStub* from, AcDbStub* to)
+{
+    auto& spellings = core.form.spellings;
+    for (size_t i = spellings.size(); i > 0 && spellings[i - 1].object == from; --i)
+        spellings[i - 1].object = to;
+    for (std::vector<AcDbStub*>* stubs : {&m_renumbered, &m_unnumbered, &m_made})
+        if (!stubs->empty() && stubs->back() == from)
+            stubs->back() = to;
 }
 
 template <class Tags>

@@ -40,14 +40,15 @@ public:
         }
         return true;
     }
-    // Joins a record that was read last to its table.
-    AcDbStub* Attach(TableKind kind, AcDbSymbolTableRecord* record)
+    // Joins a record to its table: the one that was read last, or one that the file implies but does not have.
+    void Attach(TableKind kind, AcDbSymbolTableRecord* record, bool wasRead = true)
     {
         AcDbSymbolTable* table = m_in.core.Table(kind);
-        m_in.Adopt(record, table->objectId());
+        AcDbStub* own = wasRead ? m_in.Adopt(record, table->objectId()) : m_in.AdoptMade(record, table->objectId());
         m_in.core.ResolvePlaceholder(kind, record);
+        if (AcDbObjectId(own) != record->objectId())
+            m_in.Moved(own, record->objectId());
         table->attach(record->objectId());
-        return record->objectId();
     }
 
 private:

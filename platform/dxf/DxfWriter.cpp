@@ -198,6 +198,14 @@ void DxfWriter<Writer>::Section(const SectionRow& row)
 template <class Writer>
 void DxfWriter<Writer>::Header()
 {
+    if (!m_isSameForm && m_core.header.Find("$ACADVER") == nullptr) {
+        m_writer.Text(9, "$ACADVER");
+        m_writer.Text(1, NameOfVersion(m_version));
+    }
+    if (!m_isSameForm && m_hasHandles && m_core.header.Find("$HANDSEED") == nullptr) {
+        m_writer.Text(9, "$HANDSEED");
+        m_writer.Handle(5, HandleSeed());
+    }
     for (const HeaderVar& variable : m_core.header.All()) {
         if (!IsHeaderVarOf(variable.name, m_version, m_core.form.version))
             continue;
