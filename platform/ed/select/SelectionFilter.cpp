@@ -1,4 +1,6 @@
 #include "SelectionFilter.h"
+#include "../../db/core/Fields.h"
+#include "../../db/core/ObjectAccess.h"
 #include "../../db/core/RecordNames.h"
 #include "../../db/core/Stub.h"
 #include "../../db/core/Wildcard.h"
@@ -78,6 +80,31 @@ struct DefaultGroup {
 
 const DefaultGroup kDefaults[] = {{62, 256, nullptr}, {6, 0, L"ByLayer"}, {60, 0, nullptr},   {67, 0, nullptr},
                                   {48, 1, nullptr},   {39, 0, nullptr},   {370, -1, nullptr}, {66, 0, nullptr}};
+
+// The one member that a group code stands for in a class, where nothing else of the class can have that code.
+struct PlainField {
+    const Field* field = nullptr;
+    bool isAmbiguous = false;
+};
+
+PlainField PlainFieldOf(const ClassSchema& schema, int code)
+{
+    PlainField plain;
+    // The space, the owner and the handle are told by more than a member.
+    for (const int special : {-1, 5, 67, 330, 410})
+        plain.isAmbiguous = plain.isAmbiguous || code == special;
+    for (const Section& section : schema.sections())
+        for (const Field& field : section.fields) {
+            if (field.list != nullptr) {
+                plain.isAmbiguous = plain.isAmbiguous || field.list->TakesAll() || field.list->Starts(code) ||
+                                    field.list->Continues(code);
+            } else if (field.code == code) {
+                plain.isAmbiguous = plain.isAmbiguous || plain.field != nullptr || field.isCount;
+                plain.field = &field;
+            }
+        }
+    return plain;
+}
 
 bool MatchesText(const CString& text, const std::wstring& pattern)
 {
@@ -194,9 +221,37 @@ private:
             return false;
         }
     }
+    // Straight from the member, without collecting the entity's groups; nothing where that could be wrong.
+    std::optional<bool> TakesMember(const AcDbEntity& entity) const
+    {
+        const auto [place, isNew] = m_fields.try_emplace(&entity.fields());
+        if (isNew)
+            place->second = PlainFieldOf(entity.fields(), code);
+        const Annex* annex = ObjectAccess::Find(entity);
+        if (place->second.isAmbiguous || place->second.field == nullptr || (annex != nullptr && !annex->others.empty()))
+            return std::nullopt;
+        const Field& field = *place->second.field;
+        if (kind == Kind::Number) {
+            switch (field.type) {
+            case FieldType::Int16:
+                return Holds(relations[0], field.in<int16_t>(entity), numbers[0]);
+            case FieldType::Int32:
+                return Holds(relations[0], field.in<int32_t>(entity), numbers[0]);
+            case FieldType::Real:
+                return Holds(relations[0], field.in<double>(entity), numbers[0]);
+            default:
+                return std::nullopt;
+            }
+        }
+        if (kind == Kind::Text && field.type == FieldType::Text)
+            return Text(field.in<CString>(entity));
+        return std::nullopt;
+    }
     // One of several groups of the same code is enough.
     bool TakesGroup(Subject& subject) const
     {
+        if (const std::optional<bool> takes = TakesMember(subject.entity))
+            return *takes;
         const GroupList& groups = subject.Groups();
         bool isThere = false;
         for (size_t i = 0; i < groups.size(); ++i)
@@ -215,6 +270,7 @@ private:
     }
 
     mutable std::unordered_map<const void*, bool> m_known;
+    mutable std::unordered_map<const ClassSchema*, PlainField> m_fields;
 };
 
 class SelectionFilter::Parser {
