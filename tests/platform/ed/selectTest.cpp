@@ -266,3 +266,36 @@ TEST(Selection, NamesOfOtherThingsAreRefused)
     EXPECT_EQ(acedSSFree(set), RTERROR);
     EXPECT_EQ(acedSSLength(set, &length), RTERROR);
 }
+
+TEST(Selection, OneObjectWithItsPoint)
+{
+    struct Row {
+        const wchar_t* typed;
+        const wchar_t* answer;   // of (entsel), the entity told by its name
+    };
+    static const Row rows[] = {{L"5,0\n", L"(\"A\" (5.0 0.0 0.0))"},
+                               {L"l\n", L"(\"D\" (0.0 0.0 0.0))"},
+                               {L"5,7\n", L"nil"},
+                               {L"\n", L"nil"},
+                               {L"(car (nth 1 names))\n", L"(\"B\" (0.0 0.0 0.0))"}};
+    Plan plan;
+    for (const Row& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(std::wstring(row.typed)));
+        plan.Typed(L"(progn (setq s (entsel)) (princ))\n" + std::wstring(row.typed));
+        EXPECT_EQ(plan(L"(if s (list (cdr (assoc (car s) names)) (cadr s)))"), row.answer);
+    }
+    plan.Typed(L"(progn (initget \"Other\") (setq s (entsel)) (princ))\no\n");
+    EXPECT_EQ(plan(L"s"), L"\"Other\"");
+}
+
+TEST(Selection, TheHostsCommandsTakeWhatWasSelectedBefore)
+{
+    Plan plan;
+    plan(L"(sssetfirst nil (ssadd (car (nth 1 names))))");
+    plan.Typed(L"erase\n");
+    EXPECT_EQ(plan.Show(L"(ssget \"X\")"), L"ACDEF");
+    plan.Typed(L"u\n");
+    EXPECT_EQ(plan.Show(L"(ssget \"X\")"), L"ABCDEF");
+    plan.Typed(L"(progn (foreach n names (entdel (car n))) (princ))\nu\n");
+    EXPECT_EQ(plan.Show(L"(ssget \"X\")"), L"ABCDEF");   // one form is one step back
+}
