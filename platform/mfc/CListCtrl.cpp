@@ -76,7 +76,9 @@ int CListCtrl::InsertItem(int row, const wchar_t* text)
         place = std::upper_bound(rows.begin(), rows.end(), added, [](const DialogRow& a, const DialogRow& b) {
             return KxPlat::CompareNoCase(a.cells[0], b.cells[0]) < 0;
         });
-    return int(rows.insert(place, std::move(added)) - rows.begin());
+    const int at = int(place - rows.begin());
+    rows.insert(place, std::move(added));
+    return at;
 }
 
 BOOL CListCtrl::SetItemText(int row, int column, const wchar_t* text)

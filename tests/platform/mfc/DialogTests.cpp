@@ -325,6 +325,11 @@ TEST_F(Dialogs, TablesKeepCellsAndSelection)
         EXPECT_EQ(table.InsertItem(99, L"last"), 2);
         self.m_heard += "| ";
         table.DeleteAllItems();
+        for (int i = 0; i < 40; ++i)
+            EXPECT_EQ(table.InsertItem(i, L"row"), i);
+        EXPECT_EQ(table.InsertItem(7, L"seventh"), 7);
+        EXPECT_TRUE(table.GetItemText(7, 0) == L"seventh");
+        table.DeleteAllItems();
         EXPECT_EQ(table.GetFirstSelectedItemPosition(), nullptr);
     };
     Run(dialog, [](KxPlat::DialogModel& model) {
