@@ -3,6 +3,7 @@
 #include "../db/core/DbCore.h"
 #include "../db/core/ObjectAccess.h"
 #include "../db/core/RecordNames.h"
+#include "OldForms.h"
 #include "TagWriter.h"
 #include "TextCodec.h"
 #include <algorithm>
@@ -10,12 +11,14 @@
 namespace KxPlat {
 
 template <class Writer>
-class DxfSink final : public GroupSink {
+class DxfSink final : public RecordSink {
 public:
     // `isSameForm`: the file is of the version that the drawing came in, so that its spellings hold.
     // `hasHandles`: objects are written with the handles of their own.
-    DxfSink(Writer& writer, const TextCodec& codec, const DbCore& core, bool isSameForm, bool hasHandles)
-        : m_writer(writer), m_codec(codec), m_core(core), m_isSameForm(isSameForm), m_hasHandles(hasHandles)
+    DxfSink(Writer& writer, const TextCodec& codec, const DbCore& core, AcDb::AcDbDwgVersion version, bool isSameForm,
+            bool hasHandles)
+        : m_writer(writer), m_codec(codec), m_core(core), m_version(version), m_isSameForm(isSameForm),
+          m_hasHandles(hasHandles)
     {
     }
 
@@ -45,6 +48,15 @@ public:
             Value(group);
     }
 
+    void Record(std::string_view type, const AcDbObject& object, uint64_t handle) override
+    {
+        GroupForm form;
+        form.version = m_version;
+        m_handle = handle;
+        Write(type, object, form);
+        m_handle = 0;
+    }
+
     void Real(int code, double value) override { m_writer.Real(code, value); }
     void Integer(int code, int64_t value) override { m_writer.Integer(code, value); }
     void Text(int code, const CString& value) override
@@ -57,8 +69,8 @@ public:
     void Id(int code, AcDbObjectId value) override
     {
         const AcDbStub* stub = value;
-        if (!m_hasHandles && stub == m_object && KindOfGroup(code) == GroupKind::Text)
-            return;
+        if (stub == m_object && KindOfGroup(code) == GroupKind::Text)
+            return OwnHandle(code, stub);
         if (m_spelling != nullptr) {
             stub = OwnerAsRead(code, stub);
             if (const KeptSpelling* kept = stub == nullptr ? TextForHandle(code) : nullptr)
@@ -90,6 +102,12 @@ public:
     }
 
 private:
+    void OwnHandle(int code, const AcDbStub* stub)
+    {
+        const uint64_t handle = stub != nullptr ? stub->handle : m_handle;
+        if (m_hasHandles && handle != 0)
+            m_writer.Handle(code, handle);
+    }
     const KeptSpelling* FirstSpelling() const
     {
         const auto& all = m_core.form.spellings;
@@ -139,6 +157,8 @@ private:
     const AcDbStub* m_object = nullptr;
     const KeptSpelling* m_spelling = nullptr;   // the first one of the present object
     const KeptSpelling* m_next = nullptr;       // behind the one used last
+    uint64_t m_handle = 0;   // of an object that is in no drawing
+    AcDb::AcDbDwgVersion m_version;
     bool m_isSameForm;
     bool m_hasHandles;
     bool m_isInReactors = false;

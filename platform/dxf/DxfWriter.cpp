@@ -30,7 +30,7 @@ public:
         : m_core(core), m_writer(writer), m_codec(codec), m_version(version),
           m_isSameForm(core.form.isDxf && version == core.form.version),
           m_hasHandles(version >= AcDb::kDHL_1012 || core.form.hasHandles),
-          m_sink(writer, codec, core, m_isSameForm, m_hasHandles)
+          m_sink(writer, codec, core, version, m_isSameForm, m_hasHandles)
     {
         m_form.version = version;
         m_form.asRead = true;
@@ -336,7 +336,11 @@ template <class Writer>
 void DxfWriter<Writer>::Entity(const AcDbStub* stub)
 {
     const AcDbEntity& entity = static_cast<const AcDbEntity&>(*stub->object);
+    if (IsR12() && !m_isSameForm && WriteOldForm(entity, m_sink))
+        return;
     m_sink.Write(DxfNameOf(entity), entity, m_form);
+    if (IsR12() && !m_isSameForm)
+        WriteOldView(entity, m_sink);
     const std::vector<AcDbStub*>* parts = entity.parts();
     if (parts == nullptr)
         return;
