@@ -226,7 +226,7 @@ Value Nothing(Interpreter&, const Arguments&)
 
 Value Version(Interpreter&, const Arguments&)
 {
-    return Value(L"Visual LISP 2010");
+    return Value(L"KxLISP 1.0");
 }
 
 const Builtin kRows[] = {

@@ -13,7 +13,6 @@ namespace {
 // Of the eight megabytes that a process has, this much is for nested forms; the rest serves commands and modules.
 constexpr std::ptrdiff_t kStackForForms = std::ptrdiff_t(5) << 20;
 constexpr std::ptrdiff_t kStackForErrorFunction = std::ptrdiff_t(1) << 20;
-constexpr long kMostCells = 60'000'000;
 constexpr uint64_t kStepsBetweenChecks = 4096;
 constexpr size_t kArgumentsInFrame = 6;
 
@@ -89,7 +88,7 @@ void Interpreter::Step()
     if (++m_steps % kStepsBetweenChecks != 0)
         return;
     CheckInterrupt();
-    if (LiveCells() > kMostCells)
+    if (LiveCells() > m_memoryLimit)
         Fail(L"insufficient node space");
     if (m_stepLimit != 0 && m_steps > m_stepLimit)
         throw Failure(L"Function cancelled", Failure::Kind::Cancelled);

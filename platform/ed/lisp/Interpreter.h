@@ -71,6 +71,8 @@ public:
 
     // 0: no limit. A run of more evaluations than this fails.
     void SetStepLimit(uint64_t steps) { m_stepLimit = steps; }
+    // In the unit of LiveCells().
+    void SetMemoryLimit(long most) { m_memoryLimit = most; }
     // Counts one evaluation; fails when the user interrupts or a limit is reached. Loops without a form call it.
     void Step();
     void CheckInterrupt();
@@ -114,6 +116,7 @@ private:
     const char* m_stackBase = nullptr;
     uint64_t m_steps = 0;
     uint64_t m_stepLimit = 0;
+    long m_memoryLimit = 20'000'000;   // about a gigabyte
     int m_guards = 0;
     bool m_isInErrorFunction = false;
     std::wstring m_lastError;

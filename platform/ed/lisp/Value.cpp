@@ -5,19 +5,32 @@ namespace KxPlat::Lisp {
 
 namespace {
 
-long g_liveCells = 0;   // the one table of this file: how many cells exist
+long g_liveCells = 0;   // the one table of this file: what the cells that exist take
+
+template <class T>
+long WeightOf(const T&)
+{
+    return 1;
+}
+
+long WeightOf(const Text& cell)
+{
+    constexpr size_t kCharactersOfPair = sizeof(Cons) / sizeof(wchar_t);
+    return 1 + long(cell.text.size() / kCharactersOfPair);
+}
 
 template <class T, class... Arguments>
 T* NewCell(Arguments&&... arguments)
 {
-    ++g_liveCells;
-    return new T(std::forward<Arguments>(arguments)...);
+    T* cell = new T(std::forward<Arguments>(arguments)...);
+    g_liveCells += WeightOf(*cell);
+    return cell;
 }
 
 template <class T>
 void DeleteCell(T* cell)
 {
-    --g_liveCells;
+    g_liveCells -= WeightOf(*cell);
     delete cell;
 }
 

@@ -150,7 +150,8 @@ struct Symbol {
     bool isConstant = false;
 };
 
-// Cells that exist now. A runaway program is stopped by their number before memory ends.
+// Memory that values take now, in pairs: a text counts as several by its length. A runaway program is stopped before
+// memory ends.
 long LiveCells();
 
 inline void Value::Hold()

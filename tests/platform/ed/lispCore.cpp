@@ -421,3 +421,17 @@ TEST(LispFiles, AreWrittenAndReadBack)
             EXPECT_EQ(answer, row.answer);
     }
 }
+
+TEST(LispLimits, MemoryIsBounded)
+{
+    static const wchar_t* const greedy[] = {L"(setq l nil) (while t (setq l (cons 1 l)))",
+                                            L"(setq l nil) (while t (setq l (cons (strcat s \"x\") l)))"};
+    Lisp lisp;
+    lisp.interpreter.SetMemoryLimit(LiveCells() + 200'000);
+    EXPECT_EQ(lisp(L"(setq s \"0123456789abcdef\") (repeat 8 (setq s (strcat s s))) (strlen s)"), L"4096");
+    for (const wchar_t* form : greedy) {
+        EXPECT_EQ(lisp(form), L"\n; error: insufficient node space");
+        EXPECT_EQ(lisp(L"(< 100 (length l) 250000)"), L"T");
+        EXPECT_EQ(lisp(L"(setq l nil)"), L"nil");
+    }
+}
