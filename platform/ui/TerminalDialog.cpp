@@ -3,7 +3,10 @@
 #include "../win/KxWinTypes.h"
 #include "DialogText.h"
 #include "RowNumbers.h"
+#include <algorithm>
 #include <map>
+#include <string_view>
+#include <vector>
 
 namespace KxPlat {
 
@@ -24,6 +27,32 @@ std::wstring Trimmed(const std::wstring& text)
     while (last > first && IsSpace(text[last - 1]))
         --last;
     return text.substr(first, last - first);
+}
+
+std::vector<std::wstring_view> Lines(std::wstring_view text)
+{
+    std::vector<std::wstring_view> lines;
+    for (size_t end; !text.empty(); text.remove_prefix(end)) {
+        end = std::min(text.find(L'\n', 1), text.size());
+        lines.push_back(text.substr(0, end));
+    }
+    return lines;
+}
+
+// The lines of `text` that differ from those in the same place before; the whole when that is half of them or more.
+std::wstring ChangedLines(const std::wstring& before, const std::wstring& text)
+{
+    const std::vector<std::wstring_view> oldLines = Lines(before);
+    const std::vector<std::wstring_view> newLines = Lines(text);
+    std::wstring changed;
+    size_t count = 0;
+    for (size_t i = 0; i < newLines.size() && i < oldLines.size(); ++i) {
+        if (newLines[i] == oldLines[i])
+            continue;
+        changed += newLines[i];
+        ++count;
+    }
+    return newLines.size() == oldLines.size() && count * 2 < newLines.size() ? changed : text;
 }
 
 class TerminalDialog {
@@ -71,8 +100,8 @@ private:
         std::wstring& shown = m_shown[part];
         if (shown == text)
             return;
+        m_ui.Print(ChangedLines(shown, text));
         shown = text;
-        m_ui.Print(text);
     }
 
     void Show()

@@ -3,7 +3,7 @@
 //   S   打开         presses the button with this letter or with a text that starts so
 //   N=门窗           sets a field; its letter alone asks for the text
 //   Enter            the default button; "x", Esc and the end of the input cancel
-// After an answer only what has changed is shown again.
+// After an answer only what has changed is shown again, of a list only the rows that did when they are few.
 #pragma once
 #include "HostUi.h"
 #include <functional>

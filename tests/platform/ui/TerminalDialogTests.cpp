@@ -114,6 +114,21 @@ std::wstring SelectedRows(const DialogControl& list)
     return RowNumbersText(numbers);
 }
 
+TEST(TerminalDialog, AListShowsTheFewRowsThatChanged)
+{
+    class Walk : public LayerDialog {
+        void OnDialogEvent(const DialogEvent& event) override
+        {
+            if (event.id == kSelected)
+                Find(kList)->rows[2].cells[1] = L"1";
+            else
+                LayerDialog::OnDialogEvent(event);
+        }
+    } dialog;
+    const std::string shown = Transcript(dialog, {L"S", L"x"});
+    EXPECT_NE(shown.find(": S\n  3  轴线        1\nRows"), std::string::npos) << shown;
+}
+
 TEST(TerminalDialog, AnswersMeanRowsLettersOrTexts)
 {
     struct Row {
