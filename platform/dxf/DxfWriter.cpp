@@ -392,7 +392,7 @@ int WriteDxf(AcDbDatabase& database, const std::string& hostPath, const DxfOutpu
     if (output.isBinary)
         WriteAll(core, BinaryTagWriter(out, output.version < AcDb::kDHL_1012), codec, output.version);
     else
-        WriteAll(core, AsciiTagWriter(out, {core.form.hasCrLf, core.form.isPadded}), codec, output.version);
+        WriteAll(core, AsciiTagWriter(out, {core.form.hasCrLf, core.form.isPadded, std::max(output.precision, 0)}), codec, output.version);
     out.Empty();
     return file.Commit();
 }

@@ -1,5 +1,6 @@
 #include "TagWriter.h"
 #include "BinaryTags.h"
+#include <cmath>
 
 namespace KxPlat {
 
@@ -27,6 +28,19 @@ char* WriteReal(char* to, double value)
     end[0] = '.';
     end[1] = '0';
     return end + 2;
+}
+
+// Rounded, without zeros at the end; numbers too large to have decimals stay as they are.
+char* WriteRounded(char* to, double value, int decimals)
+{
+    if (std::abs(value) >= 1e15)
+        return WriteReal(to, value);
+    char* end = std::to_chars(to, to + 64, value, std::chars_format::fixed, decimals).ptr;
+    if (std::memchr(to, '.', size_t(end - to)) == nullptr)
+        *end++ = '.', *end++ = '0';
+    while (end[-1] == '0' && end[-2] != '.')
+        --end;
+    return end;
 }
 
 uint8_t WidthOf(GroupKind kind)
@@ -93,7 +107,8 @@ void AsciiTagWriter::LongText(char* to, std::string_view bytes)
 
 void AsciiTagWriter::Real(int code, double value)
 {
-    End(WriteReal(Code(m_out.Room(), code), value));
+    char* to = Code(m_out.Room(), code);
+    End(m_form.decimals >= 16 ? WriteReal(to, value) : WriteRounded(to, value, m_form.decimals));
 }
 
 void AsciiTagWriter::Integer(int code, int64_t value)

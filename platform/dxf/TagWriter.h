@@ -43,6 +43,7 @@ private:
 struct AsciiForm {
     bool hasCrLf = true;
     bool isPadded = true;   // codes right-aligned in three places, whole numbers in six or nine
+    int decimals = 16;      // of reals; 16 and more: all that the number has
 };
 
 class AsciiTagWriter {

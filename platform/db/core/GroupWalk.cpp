@@ -101,8 +101,7 @@ void Walk::Canonical(std::vector<ShapeNode>& steps, bool isMarked) const
             steps.push_back(MakeStep(Op::Dictionary, 360, 0));
             steps.push_back(MakeStep(Op::GroupClose, 102, 0, 2));
         }
-        if (m_form.version >= AcDb::kDHL_1015)
-            steps.push_back(MakeStep(Op::Owner, 330, 0));
+        steps.push_back(MakeStep(Op::Owner, 330, 0));
     }
     for (size_t section = 0; section < m_schema.sections().size(); ++section) {
         if (section > 0 && isMarked)
