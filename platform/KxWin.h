@@ -29,6 +29,7 @@
 #include "win/FindFiles.h"
 #include "win/KxWinTypes.h"
 #include "win/Modules.h"
+#include "win/ProcessStart.h"
 #include "win/Processes.h"
 #include "win/Profile.h"
 #include "win/Registry.h"
