@@ -1,24 +1,16 @@
 #include "LineReader.h"
+#include "win/Terminal.h"
 #include <cerrno>
 #include <clocale>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <editline/readline.h>
 #include <filesystem>
-#include <unistd.h>
 
 namespace KxConsole {
 
 namespace {
-
-volatile std::sig_atomic_t g_interrupted = 0;
-
-void OnInterrupt(int)
-{
-    g_interrupted = 1;
-}
 
 // The line editor's callbacks are plain functions: what they need stands here while a line is read.
 struct Completion {
@@ -62,25 +54,9 @@ std::string HistoryFile()
 
 }   // namespace
 
-bool TakeInterrupt()
-{
-    const bool was = g_interrupted != 0;
-    g_interrupted = 0;
-    return was;
-}
-
-// Reading must end when the user interrupts, so the call is not started again.
-void WatchInterrupts()
-{
-    struct sigaction action = {};
-    action.sa_handler = OnInterrupt;
-    sigemptyset(&action.sa_mask);
-    sigaction(SIGINT, &action, nullptr);
-    std::signal(SIGPIPE, SIG_IGN);
-}
-
 LineReader::LineReader(std::function<std::vector<std::string>(const std::string&)> complete)
-    : m_isTerminal(isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1)
+    : m_isTerminal(KxPlat::IsTerminal(KxPlat::StandardStream::Input) &&
+                   KxPlat::IsTerminal(KxPlat::StandardStream::Output))
 {
     g_completion.names = std::move(complete);
     if (!m_isTerminal)
@@ -112,7 +88,7 @@ LineReader::Result LineReader::Read(const std::string& prompt, bool isCommand, s
 LineReader::Result LineReader::ReadEdited(const std::string& prompt, std::string& line)
 {
     char* text = readline(prompt.c_str());
-    if (TakeInterrupt()) {
+    if (KxPlat::TakeInterrupt()) {
         std::free(text);
         return Result::Interrupted;
     }
@@ -134,7 +110,7 @@ LineReader::Result LineReader::ReadPlain(std::string& line)
         if (c == EOF) {
             if (std::ferror(stdin) != 0 && errno == EINTR) {
                 std::clearerr(stdin);
-                if (TakeInterrupt())
+                if (KxPlat::TakeInterrupt())
                     return Result::Interrupted;
                 continue;
             }

@@ -27,8 +27,4 @@ private:
     std::string m_historyFile;
 };
 
-// True once after each Ctrl-C.
-bool TakeInterrupt();
-void WatchInterrupts();
-
 }   // namespace KxConsole

@@ -7,7 +7,6 @@
 #include "win/KxWinTypes.h"
 #include <cstdio>
 #include <memory>
-#include <unistd.h>
 
 using namespace KxPlat;
 
@@ -49,7 +48,7 @@ const Answer kButtons[][3] = {
 }   // namespace
 
 TerminalUi::TerminalUi(bool isQuiet)
-    : m_reader(CommandsThatBegin), m_isQuiet(isQuiet), m_showsProgress(isatty(STDERR_FILENO) == 1 && !isQuiet)
+    : m_reader(CommandsThatBegin), m_isQuiet(isQuiet), m_showsProgress(IsTerminal(StandardStream::Error) && !isQuiet)
 {
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 #include "LineReader.h"
 #include "ui/HostUi.h"
+#include "win/Terminal.h"
 
 namespace KxConsole {
 
@@ -13,7 +14,7 @@ public:
     void PrintAnswer(std::wstring_view promptAndAnswer) override;
     void Complain(std::wstring_view text) override;
     KxPlat::InputEvent Ask(const KxPlat::InputRequest& request) override;
-    bool Interrupted() override { return TakeInterrupt(); }
+    bool Interrupted() override { return KxPlat::TakeInterrupt(); }
     int ShowMessage(std::wstring_view text, std::wstring_view caption, unsigned type) override;
     int RunDialog(KxPlat::DialogModel& dialog) override;
     void Progress(std::wstring_view what, int percent) override;
