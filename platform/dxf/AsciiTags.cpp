@@ -81,8 +81,8 @@ int64_t AsciiTags::SlowInteger()
     const std::string_view text = Text();
     const std::optional<int64_t> value = ParseInteger(text, isExact);
     if (!value || !isExact)
-        m_report->Mend(Place(), value ? "a whole number is expected, not" : "this is no number:",
-                       std::string(text.substr(0, 40)));
+        m_report->Mend(
+            Place(), value ? "a whole number is expected, not" : "this is no number:", std::string(text.substr(0, 40)));
     return value.value_or(0);
 }
 

@@ -1,5 +1,6 @@
 // Walks the groups of an ASCII drawing file in memory: one step per group, nothing allocated, a value looked at only
-// when it is asked for. The end of a value's line is found by whatever reads the value, so that no byte is passed twice.
+// when it is asked for. The end of a value's line is found by whatever reads the value, so that no byte is passed
+// twice.
 #pragma once
 #include "DxfReport.h"
 #include "TagNumbers.h"
@@ -120,7 +121,7 @@ private:
     const char* m_end;
     const char* m_codeLine;
     const char* m_value;
-    const char* m_next;          // the line after the value; null until somebody has found it
+    const char* m_next;   // the line after the value; null until somebody has found it
     int m_code = 0;
     uint64_t m_groups = 0;
     uint64_t m_extraLines = 0;   // blank lines between groups

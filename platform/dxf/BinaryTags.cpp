@@ -60,10 +60,18 @@ bool BinaryTags::Next()
     size_t extra = 0;
     switch (m_kind) {
     case GroupKind::Real:
-    case GroupKind::Int64: m_size = 8; break;
-    case GroupKind::Int32: m_size = 4; break;
-    case GroupKind::Int16: m_size = 2; break;
-    case GroupKind::Bool: m_size = 1; break;
+    case GroupKind::Int64:
+        m_size = 8;
+        break;
+    case GroupKind::Int32:
+        m_size = 4;
+        break;
+    case GroupKind::Int16:
+        m_size = 2;
+        break;
+    case GroupKind::Bool:
+        m_size = 1;
+        break;
     case GroupKind::Binary:
         if (m_value >= m_bytes.size())
             return CutOff();
@@ -106,15 +114,19 @@ double BinaryTags::Real()
 int64_t BinaryTags::Integer()
 {
     switch (m_kind) {
-    case GroupKind::Int16: return Raw<int16_t>();
-    case GroupKind::Int32: return Raw<int32_t>();
-    case GroupKind::Int64: return Raw<int64_t>();
-    case GroupKind::Bool: return Raw<uint8_t>();
-    default: break;
+    case GroupKind::Int16:
+        return Raw<int16_t>();
+    case GroupKind::Int32:
+        return Raw<int32_t>();
+    case GroupKind::Int64:
+        return Raw<int64_t>();
+    case GroupKind::Bool:
+        return Raw<uint8_t>();
+    default:
+        break;
     }
     bool isExact = true;
-    const std::optional<int64_t> value =
-        m_kind == GroupKind::Real ? std::nullopt : ParseInteger(Text(), isExact);
+    const std::optional<int64_t> value = m_kind == GroupKind::Real ? std::nullopt : ParseInteger(Text(), isExact);
     if (value)
         return *value;
     const double real = Real();
@@ -126,9 +138,14 @@ std::string_view BinaryTags::Text()
     switch (m_kind) {
     case GroupKind::Text:
     case GroupKind::Handle:
-    case GroupKind::Binary: return m_bytes.substr(m_value, m_size);
-    case GroupKind::Real: m_spelled = std::to_string(Real()); break;
-    default: m_spelled = std::to_string(Integer()); break;
+    case GroupKind::Binary:
+        return m_bytes.substr(m_value, m_size);
+    case GroupKind::Real:
+        m_spelled = std::to_string(Real());
+        break;
+    default:
+        m_spelled = std::to_string(Integer());
+        break;
     }
     return m_spelled;
 }

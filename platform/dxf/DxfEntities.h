@@ -70,7 +70,8 @@ bool DxfEntities<Tags>::ReadAll(AcDbBlockTableRecord* block)
 template <class Tags>
 AcDbBlockTableRecord* DxfEntities<Tags>::Space(bool isPaper)
 {
-    static const wchar_t* const names[2][2] = {{ACDB_MODEL_SPACE, L"$MODEL_SPACE"}, {ACDB_PAPER_SPACE, L"$PAPER_SPACE"}};
+    static const wchar_t* const names[2][2] = {{ACDB_MODEL_SPACE, L"$MODEL_SPACE"},
+                                               {ACDB_PAPER_SPACE, L"$PAPER_SPACE"}};
     AcDbBlockTableRecord*& space = m_spaces[isPaper];
     if (space != nullptr)
         return space;

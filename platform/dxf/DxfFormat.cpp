@@ -27,11 +27,15 @@ Acad::ErrorStatus Write(AcDbDatabase& database, const wchar_t* path, AcDb::AcDbD
                         int precision)
 {
     switch (WriteDxf(database, HostPath(path), {version, isBinary, precision})) {
-    case 0: return Acad::eOk;
+    case 0:
+        return Acad::eOk;
     case EACCES:
-    case EROFS: return Acad::eFileAccessErr;
-    case ENOENT: return Acad::eFileNotFound;
-    default: return Acad::eFileSystemErr;
+    case EROFS:
+        return Acad::eFileAccessErr;
+    case ENOENT:
+        return Acad::eFileNotFound;
+    default:
+        return Acad::eFileSystemErr;
     }
 }
 

@@ -2,9 +2,9 @@
 // must wait until the last handle of the file is known.
 #pragma once
 #include "../db/AcDbEntity.h"
-#include "../db/core/ObjectReader.h"
 #include "../db/AcDbProxyEntity.h"
 #include "../db/AcDbProxyObject.h"
+#include "../db/core/ObjectReader.h"
 #include "../rx/AcRxClass.h"
 #include "../win/MappedFile.h"
 #include "DxfClasses.h"
@@ -40,11 +40,13 @@ public:
     // The file has ended where it must not.
     bool Ended()
     {
-        tags.report().Fail(tags.Place(), tags.isCutOff() ? "the file ends within a group" : "the file ends within a section");
+        tags.report().Fail(tags.Place(),
+                           tags.isCutOff() ? "the file ends within a group" : "the file ends within a section");
         return false;
     }
 
-    // Reads the groups up to the next record into an object; `look` sees each group first. False at the end of the file.
+    // Reads the groups up to the next record into an object; `look` sees each group first. False at the end of the
+    // file.
     template <class Look>
     bool Read(AcDbObject& object, Look&& look)
     {
@@ -120,7 +122,7 @@ private:
     ObjectReader<DxfSource<Tags>> m_reader;
     MappedFile& m_file;
     size_t m_givenBack = 0;
-    DxfPlace m_place;   // of the record read last
+    DxfPlace m_place;                      // of the record read last
     std::vector<AcDbStub*> m_renumbered;   // what came with a handle that was taken,
     std::vector<AcDbStub*> m_unnumbered;   // without a handle,
     std::vector<AcDbStub*> m_made;         // or not at all

@@ -15,8 +15,8 @@ struct DxfTableName {
 };
 // In the order in which new files have them.
 inline constexpr DxfTableName kDxfTables[] = {
-    {"VPORT", TableKind::Viewport},  {"LTYPE", TableKind::Linetype}, {"LAYER", TableKind::Layer},
-    {"STYLE", TableKind::TextStyle}, {"VIEW", TableKind::View},      {"UCS", TableKind::Ucs},
+    {"VPORT", TableKind::Viewport},  {"LTYPE", TableKind::Linetype},    {"LAYER", TableKind::Layer},
+    {"STYLE", TableKind::TextStyle}, {"VIEW", TableKind::View},         {"UCS", TableKind::Ucs},
     {"APPID", TableKind::RegApp},    {"DIMSTYLE", TableKind::DimStyle}, {"BLOCK_RECORD", TableKind::Block},
 };
 

@@ -17,7 +17,11 @@ public:
     // `hasHandles`: objects are written with the handles of their own.
     DxfSink(Writer& writer, const TextCodec& codec, const DbCore& core, AcDb::AcDbDwgVersion version, bool isSameForm,
             bool hasHandles)
-        : m_writer(writer), m_codec(codec), m_core(core), m_version(version), m_isSameForm(isSameForm),
+        : m_writer(writer),
+          m_codec(codec),
+          m_core(core),
+          m_version(version),
+          m_isSameForm(isSameForm),
           m_hasHandles(hasHandles)
     {
     }
@@ -94,7 +98,10 @@ public:
                 return Raw(code, *kept);
         m_writer.Text(code, m_codec.Encode(name));
     }
-    void Binary(int code, const Bytes& value) override { m_writer.Chunk(code, value == nullptr ? std::string() : *value); }
+    void Binary(int code, const Bytes& value) override
+    {
+        m_writer.Chunk(code, value == nullptr ? std::string() : *value);
+    }
     void Marker(int code, std::string_view text) override
     {
         m_isInReactors = code == 102 && text == "{ACAD_REACTORS";
@@ -113,12 +120,13 @@ private:
         const auto& all = m_core.form.spellings;
         if (all.empty())
             return nullptr;
-        const auto place = std::lower_bound(all.begin(), all.end(), m_object, [](const KeptSpelling& a, const AcDbStub* b) {
-            return std::less<>()(a.object, b);
-        });
+        const auto place =
+            std::lower_bound(all.begin(), all.end(), m_object,
+                             [](const KeptSpelling& a, const AcDbStub* b) { return std::less<>()(a.object, b); });
         return place != all.end() && place->object == m_object ? &*place : nullptr;
     }
-    // Groups are written in the order in which they were read, or nearly so: the search goes on where the last one ended.
+    // Groups are written in the order in which they were read, or nearly so: the search goes on where the last one
+    // ended.
     template <class Fits>
     const KeptSpelling* Spelling(int code, Fits&& fits)
     {
@@ -157,7 +165,7 @@ private:
     const AcDbStub* m_object = nullptr;
     const KeptSpelling* m_spelling = nullptr;   // the first one of the present object
     const KeptSpelling* m_next = nullptr;       // behind the one used last
-    uint64_t m_handle = 0;   // of an object that is in no drawing
+    uint64_t m_handle = 0;                      // of an object that is in no drawing
     AcDb::AcDbDwgVersion m_version;
     bool m_isSameForm;
     bool m_hasHandles;

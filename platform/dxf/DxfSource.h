@@ -4,9 +4,11 @@
 #include "../db/core/ObjectAccess.h"
 #include "../db/core/RecordNames.h"
 #include "TextCodec.h"
+#include <bit>
+#include <cstring>
+#include <deque>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -16,6 +18,7 @@ namespace KxPlat {
 class NameCache {
 public:
     struct Entry {
+        std::string bytes;
         AcDbStub* record = nullptr;
         bool isPlain = true;   // the record's own name is written in the same bytes
         CString text;
@@ -23,21 +26,59 @@ public:
     // Null when `bytes` were not met yet.
     const Entry* Find(TableKind table, std::string_view bytes) const
     {
-        const auto& names = m_names[size_t(table)];
-        const auto place = names.find(bytes);
-        return place == names.end() ? nullptr : &place->second;
+        const Names& names = m_names[size_t(table)];
+        if (names.slots.empty())
+            return nullptr;
+        for (size_t at = HashOf(bytes);; ++at) {
+            const Entry* entry = names.slots[at & (names.slots.size() - 1)];
+            if (entry == nullptr || entry->bytes == bytes)
+                return entry;
+        }
     }
-    const Entry& Add(TableKind table, std::string_view bytes, Entry entry)
+    const Entry& Add(TableKind table, Entry entry)
     {
-        return m_names[size_t(table)].emplace(bytes, std::move(entry)).first->second;
+        Names& names = m_names[size_t(table)];
+        names.entries.push_back(std::move(entry));
+        if (names.entries.size() * 2 > names.slots.size()) {
+            names.slots.assign(names.entries.size() * 4 + 16, nullptr);
+            names.slots.resize(std::bit_ceil(names.slots.size()));
+            for (const Entry& old : names.entries)
+                Put(names, old);
+        } else {
+            Put(names, names.entries.back());
+        }
+        return names.entries.back();
     }
 
 private:
-    struct Hash {
-        using is_transparent = void;
-        size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    struct Names {
+        std::deque<Entry> entries;         // never move
+        std::vector<const Entry*> slots;   // open addressing; a power of two
     };
-    std::unordered_map<std::string, Entry, Hash, std::equal_to<>> m_names[kTableCount];
+    static size_t HashOf(std::string_view bytes)
+    {
+        uint64_t hash = bytes.size();
+        while (bytes.size() >= 8) {
+            uint64_t part;
+            std::memcpy(&part, bytes.data(), 8);
+            hash = (hash ^ part) * 0x9E3779B97F4A7C15u;
+            hash ^= hash >> 32;
+            bytes.remove_prefix(8);
+        }
+        for (unsigned char c : bytes)
+            hash = (hash ^ c) * 0x100000001B3u;
+        hash *= 0x9E3779B97F4A7C15u;
+        return size_t(hash >> 24);
+    }
+    static void Put(Names& names, const Entry& entry)
+    {
+        size_t at = HashOf(entry.bytes);
+        while (names.slots[at & (names.slots.size() - 1)] != nullptr)
+            ++at;
+        names.slots[at & (names.slots.size() - 1)] = &entry;
+    }
+
+    Names m_names[kTableCount];
 };
 
 template <class Tags>
@@ -98,18 +139,26 @@ public:
         GroupValue group;
         group.code = int16_t(code());
         switch (KindOfGroup(group.code)) {
-        case GroupKind::Real: group.value = Real(); break;
+        case GroupKind::Real:
+            group.value = Real();
+            break;
         case GroupKind::Int16:
         case GroupKind::Int32:
         case GroupKind::Int64:
-        case GroupKind::Bool: group.value = Integer(); break;
+        case GroupKind::Bool:
+            group.value = Integer();
+            break;
         case GroupKind::Handle: {
             const uint64_t handle = Handle();
             group.value = AcDbObjectId(handle == 0 ? nullptr : core.handles.Get(handle));
             break;
         }
-        case GroupKind::Binary: group.value = Binary(); break;
-        case GroupKind::Text: group.value = Text(); break;
+        case GroupKind::Binary:
+            group.value = Binary();
+            break;
+        case GroupKind::Text:
+            group.value = Text();
+            break;
         }
         return group;
     }
@@ -134,7 +183,8 @@ private:
         const bool isPlaceholder = (ObjectAccess::State(*entry.record->object) & kPlaceholder) != 0;
         entry.isPlain = !isPlaceholder && isPlain && RecordNameOf(*entry.record->object) == name;
         entry.text = name;
-        return m_names.Add(table, bytes, std::move(entry));
+        entry.bytes = bytes;
+        return m_names.Add(table, std::move(entry));
     }
 
     Tags& m_tags;

@@ -27,7 +27,10 @@ template <class Writer>
 class DxfWriter {
 public:
     DxfWriter(DbCore& core, Writer& writer, const TextCodec& codec, AcDb::AcDbDwgVersion version)
-        : m_core(core), m_writer(writer), m_codec(codec), m_version(version),
+        : m_core(core),
+          m_writer(writer),
+          m_codec(codec),
+          m_version(version),
           m_isSameForm(core.form.isDxf && version == core.form.version),
           m_hasHandles(version >= AcDb::kDHL_1012 || core.form.hasHandles),
           m_sink(writer, codec, core, version, m_isSameForm, m_hasHandles)
@@ -97,8 +100,8 @@ const typename DxfWriter<Writer>::SectionRow DxfWriter<Writer>::kSections[] = {
     {"OBJECTS", &DxfWriter::Objects, &DxfWriter::HasObjects, AcDb::kDHL_1012},
 };
 
-// What the file did without, it goes on without, as long as nobody changed it. From AC1015 on other objects may refer to
-// such a record by its handle; dimension styles are referred to by name only.
+// What the file did without, it goes on without, as long as nobody changed it. From AC1015 on other objects may refer
+// to such a record by its handle; dimension styles are referred to by name only.
 template <class Writer>
 bool DxfWriter<Writer>::IsLeftOut(const AcDbStub& stub) const
 {
@@ -144,7 +147,8 @@ template <class Writer>
 bool DxfWriter<Writer>::HasObjects() const
 {
     bool has = false;
-    m_core.handles.ForEach([&](const AcDbStub& stub) { has = has || (IsWanted(&stub) && IsPlainObject(*stub.object)); });
+    m_core.handles.ForEach(
+        [&](const AcDbStub& stub) { has = has || (IsWanted(&stub) && IsPlainObject(*stub.object)); });
     return has;
 }
 
@@ -392,7 +396,8 @@ int WriteDxf(AcDbDatabase& database, const std::string& hostPath, const DxfOutpu
     if (output.isBinary)
         WriteAll(core, BinaryTagWriter(out, output.version < AcDb::kDHL_1012), codec, output.version);
     else
-        WriteAll(core, AsciiTagWriter(out, {core.form.hasCrLf, core.form.isPadded, std::max(output.precision, 0)}), codec, output.version);
+        WriteAll(core, AsciiTagWriter(out, {core.form.hasCrLf, core.form.isPadded, std::max(output.precision, 0)}),
+                 codec, output.version);
     out.Empty();
     return file.Commit();
 }

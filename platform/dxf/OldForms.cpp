@@ -20,9 +20,9 @@ namespace KxPlat {
 namespace {
 
 // All entities that AC1009 knows.
-const std::set<std::string_view> kOldEntities = {
-    "LINE",   "POINT",  "CIRCLE", "ARC",      "TRACE",  "SOLID",  "TEXT",   "SHAPE",    "INSERT",
-    "ATTDEF", "ATTRIB", "VERTEX", "POLYLINE", "SEQEND", "3DFACE", "VIEWPORT", "DIMENSION"};
+const std::set<std::string_view> kOldEntities = {"LINE",     "POINT",  "CIRCLE", "ARC",      "TRACE",    "SOLID",
+                                                 "TEXT",     "SHAPE",  "INSERT", "ATTDEF",   "ATTRIB",   "VERTEX",
+                                                 "POLYLINE", "SEQEND", "3DFACE", "VIEWPORT", "DIMENSION"};
 
 uint64_t HandleOf(const AcDbEntity& entity)
 {
@@ -165,7 +165,8 @@ void WriteOldView(const AcDbEntity& entity, RecordSink& sink)
     sink.Integer(1070, 16);
     sink.Point(1010, view->viewTarget());
     sink.Point(1010, AcGePoint3d(direction.x, direction.y, direction.z));
-    reals({view->twistAngle(), view->viewHeight(), view->viewCenter().x, view->viewCenter().y, view->lensLength(), 0, 0});
+    reals(
+        {view->twistAngle(), view->viewHeight(), view->viewCenter().x, view->viewCenter().y, view->lensLength(), 0, 0});
     integers({view->isPerspectiveOn(), 100, 1, 1, 0, 0, 0, 0});   // zoom, icon, snap and grid as in a new viewport
     reals({0, 0, 0, 10, 10, 10, 10});
     integers({0});

@@ -26,9 +26,9 @@ std::string_view WithoutPlus(std::string_view text)
 double BeyondRange(std::string_view text)
 {
     const size_t exponent = text.find_first_of("eE");
-    const bool isTiny = exponent != text.npos && exponent + 1 < text.size() ? text[exponent + 1] == '-'
-                                                                            : text.find_first_of("123456789") >
-                                                                                  text.find('.');
+    const bool isTiny = exponent != text.npos && exponent + 1 < text.size()
+                            ? text[exponent + 1] == '-'
+                            : text.find_first_of("123456789") > text.find('.');
     if (isTiny)
         return 0.0;
     return text.front() == '-' ? std::numeric_limits<double>::lowest() : std::numeric_limits<double>::max();

@@ -47,9 +47,12 @@ uint8_t WidthOf(GroupKind kind)
 {
     switch (kind) {
     case GroupKind::Int16:
-    case GroupKind::Bool: return 6;
-    case GroupKind::Int32: return 9;
-    default: return 0;
+    case GroupKind::Bool:
+        return 6;
+    case GroupKind::Int32:
+        return 9;
+    default:
+        return 0;
     }
 }
 
@@ -189,12 +192,18 @@ void BinaryTagWriter::Real(int code, double value)
 void BinaryTagWriter::Integer(int code, int64_t value)
 {
     switch (KindOfGroup(code)) {
-    case GroupKind::Int16: return Value(code, int16_t(value));
-    case GroupKind::Int32: return Value(code, int32_t(value));
-    case GroupKind::Int64: return Value(code, value);
-    case GroupKind::Bool: return Value(code, uint8_t(value));
-    case GroupKind::Real: return Value(code, double(value));
-    default: return Text(code, std::to_string(value));
+    case GroupKind::Int16:
+        return Value(code, int16_t(value));
+    case GroupKind::Int32:
+        return Value(code, int32_t(value));
+    case GroupKind::Int64:
+        return Value(code, value);
+    case GroupKind::Bool:
+        return Value(code, uint8_t(value));
+    case GroupKind::Real:
+        return Value(code, double(value));
+    default:
+        return Text(code, std::to_string(value));
     }
 }
 

@@ -41,7 +41,8 @@ bool IsPlain(int unit)
 size_t UnicodeEscape(std::wstring_view text, size_t at, wchar_t& character)
 {
     const auto unitAt = [&text](size_t place) {
-        return text.size() - place >= 7 && (text[place + 1] == L'U' || text[place + 1] == L'u') && text[place + 2] == L'+'
+        return text.size() - place >= 7 && (text[place + 1] == L'U' || text[place + 1] == L'u') &&
+                       text[place + 2] == L'+'
                    ? HexFour(text, place + 3)
                    : -1;
     };

@@ -1,16 +1,16 @@
 // What the drawings hold, against facts that other programs found in them.
-#include "Json.h"
-#include "TagText.h"
 #include "db/AcDbBlockTableRecord.h"
 #include "db/AcDbDatabase.h"
-#include "db/AcDbGroup.h"
 #include "db/AcDbDictionary.h"
+#include "db/AcDbGroup.h"
 #include "db/AcDbLayerTableRecord.h"
 #include "db/core/DbCore.h"
 #include "db/core/FileFormats.h"
 #include "db/core/ObjectAccess.h"
 #include "dxf/DxfNames.h"
 #include "dxf/TextCodec.h"
+#include "Json.h"
+#include "TagText.h"
 #include "win/CharTables.h"
 #include "win/CodePage.h"
 #include <algorithm>
@@ -50,7 +50,8 @@ void PrintTo(const Drawing& drawing, std::ostream* stream)
 std::string NameOf(const testing::TestParamInfo<Drawing>& info)
 {
     std::string name = std::filesystem::path(info.param.path).stem();
-    std::replace_if(name.begin(), name.end(), [](char c) { return isalnum(static_cast<unsigned char>(c)) == 0; }, '_');
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return isalnum(static_cast<unsigned char>(c)) == 0; }, '_');
     return name + "_" + std::to_string(info.index);
 }
 

@@ -1,8 +1,8 @@
 // Files that are cut, garbled or no drawings at all: a clear refusal or a mended drawing, never a crash, and in time.
-#include "TagText.h"
 #include "db/AcDbDatabase.h"
 #include "db/core/FileFormats.h"
 #include "dxf/DxfReader.h"
+#include "TagText.h"
 #include "win/CodePage.h"
 #include <filesystem>
 #include <fstream>
@@ -50,7 +50,8 @@ TEST_F(FaultyFiles, SaysWhatIsWrongAndWhere)
         {"0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10", "line 9, group 10: the file ends within a group"},
         {Entities("0\nLINE\n8\n0\nten\n1.0\n"), "line 9, group 8: a group code is expected here"},
         {"AutoCAD Binary DXF\r\n\x1A", "line 1, group 0: a group code is expected here"},
-        {std::string("AutoCAD Binary DXF\r\n\x1A\0", 22), "byte 22, group 0: this is no drawing: a section is expected here"},
+        {std::string("AutoCAD Binary DXF\r\n\x1A\0", 22),
+         "byte 22, group 0: this is no drawing: a section is expected here"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.bytes);
@@ -70,8 +71,10 @@ TEST_F(FaultyFiles, MendsWhatCanBeMended)
         {Entities("0\nLINE\n8\n0\n10\nfour\n"), "line 9, group 10: this is no number: four"},
         {Entities("0\nLINE\n5\nA\n8\n0\n0\nLINE\n5\nA\n8\n0\n"), "line 11, group 0: a handle is used twice"},
         {Entities("0\nLINE\n5\nXYZ\n8\n0\n"), "line 7, group 5: this is no handle: XYZ"},
-        {"0\nSECTION\n2\nENTITIES\n0\nSECTION\n2\nOBJECTS\n0\nENDSEC\n0\nEOF\n", "line 5, group 0: a section ends without ENDSEC"},
-        {"0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nDOORS\n0\nENDTAB\n0\nENDSEC\n0\nEOF\n", "line 7, group 2: no table has this name: DOORS"},
+        {"0\nSECTION\n2\nENTITIES\n0\nSECTION\n2\nOBJECTS\n0\nENDSEC\n0\nEOF\n",
+         "line 5, group 0: a section ends without ENDSEC"},
+        {"0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nDOORS\n0\nENDTAB\n0\nENDSEC\n0\nEOF\n",
+         "line 7, group 2: no table has this name: DOORS"},
         {"0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nA\n0\nENDSEC\n0\nEOF\n", "line 9, group 0: a block ends without ENDBLK"},
     };
     for (const Row& row : rows) {
@@ -86,7 +89,8 @@ TEST_F(FaultyFiles, MendsWhatCanBeMended)
 
 TEST_F(FaultyFiles, CutAtAnyByteIsRefusedOrRead)
 {
-    for (const char* name : {"house_r2000_gbk", "house_r12_binary", "house_r2013_binary", "proxies", "cycles", "absurd_counts"}) {
+    for (const char* name :
+         {"house_r2000_gbk", "house_r12_binary", "house_r2013_binary", "proxies", "cycles", "absurd_counts"}) {
         SCOPED_TRACE(name);
         const std::string whole = TagText::ReadFile(std::string(KX_TEST_DATA) + "/" + name + ".dxf");
         ASSERT_FALSE(whole.empty());
@@ -95,7 +99,9 @@ TEST_F(FaultyFiles, CutAtAnyByteIsRefusedOrRead)
             const std::string error = ErrorOf(whole.substr(0, size));
             // A cut between two sections cannot be told from a missing end mark.
             if (error.empty()) {
-                EXPECT_EQ(m_report.mended().back().substr(m_report.mended().back().find(": ")), ": the file has no end mark") << size;
+                EXPECT_EQ(m_report.mended().back().substr(m_report.mended().back().find(": ")),
+                          ": the file has no end mark")
+                    << size;
             }
         }
     }
@@ -109,7 +115,9 @@ TEST_F(FaultyFiles, GarbledBytesDoNoHarm)
         state = state * 6364136223846793005u + 1442695040888963407u;
         return size_t(state >> 33) % below;
     };
-    static const std::string_view splinters[] = {"0", "-1", "99999999999999999999", "nan", "\n", "\r\n\r\n", "ENDSEC", "VERTEX", "\xFF\xFE", "1e999", "FFFFFFFFFFFFFFFF"};
+    static const std::string_view splinters[] = {
+        "0",        "-1",    "99999999999999999999", "nan", "\n", "\r\n\r\n", "ENDSEC", "VERTEX",
+        "\xFF\xFE", "1e999", "FFFFFFFFFFFFFFFF"};
     for (const char* name : {"house_r2000_gbk", "house_r2013_binary", "proxies"}) {
         const std::string whole = TagText::ReadFile(std::string(KX_TEST_DATA) + "/" + name + ".dxf");
         ASSERT_FALSE(whole.empty());

@@ -1,8 +1,8 @@
 // Every drawing read and written back without a change keeps every object and every group.
-#include "TagText.h"
 #include "db/AcDbDatabase.h"
 #include "db/core/DbCore.h"
 #include "db/core/FileFormats.h"
+#include "TagText.h"
 #include "win/CodePage.h"
 #include <algorithm>
 #include <filesystem>
@@ -61,7 +61,8 @@ std::map<std::string, Record> ByKey(const std::vector<Record>& records, bool byP
     std::map<std::string, Record> result;
     std::map<std::string, int> counts;
     for (Record record : records) {
-        const std::string kind = record.section + "/" + (record.section == "BLOCKS" ? "" : record.table) + "/" + record.type;
+        const std::string kind =
+            record.section + "/" + (record.section == "BLOCKS" ? "" : record.table) + "/" + record.type;
         const bool isNamed = record.handle != 0 && !byPlace;
         if (byPlace)
             std::erase_if(record.tags, [](const TagText::Tag& tag) { return tag.code == 5 || tag.code == 105; });

@@ -1,5 +1,4 @@
 // What a save writes after changes, in other versions and forms.
-#include "TagText.h"
 #include "db/AcDbBlockTableRecord.h"
 #include "db/AcDbDatabase.h"
 #include "db/AcDbLayerTableRecord.h"
@@ -10,6 +9,7 @@
 #include "dxf/DxfNames.h"
 #include "dxf/DxfReader.h"
 #include "dxf/DxfWriter.h"
+#include "TagText.h"
 #include "win/CodePage.h"
 #include <algorithm>
 #include <filesystem>
@@ -55,7 +55,8 @@ std::vector<std::string> Changes(const std::vector<Record>& a, const std::vector
     for (const Record& record : a) {
         if (record.handle == 0)
             continue;
-        const auto same = std::find_if(b.begin(), b.end(), [&](const Record& one) { return one.handle == record.handle; });
+        const auto same =
+            std::find_if(b.begin(), b.end(), [&](const Record& one) { return one.handle == record.handle; });
         const std::string difference = same == b.end() ? "is gone" : Difference(record, *same);
         if (!difference.empty())
             changes.push_back(record.type + " " + difference);
@@ -117,7 +118,8 @@ TEST_F(Saving, ErasedAndAddedEntitiesAreGoneAndThere)
     bool isFirstThere = false, isAddedThere = false;
     for (const Record& record : after) {
         isFirstThere = isFirstThere || record.handle == first->handle;
-        isAddedThere = isAddedThere || (record.handle == added && record.type == "LINE" && record.tags.back().real == 6.0);
+        isAddedThere =
+            isAddedThere || (record.handle == added && record.type == "LINE" && record.tags.back().real == 6.0);
         if (record.type == "$HANDSEED")
             seed = record.tags[0].handle;
     }

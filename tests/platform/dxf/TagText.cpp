@@ -120,11 +120,21 @@ private:
         if (m_isShort && tag.code == 255)
             tag.code = Raw<int16_t>();
         switch (KindOf(tag.code)) {
-        case 'r': tag.kind = 'r', tag.real = Raw<double>(); break;
-        case 's': tag.kind = 'i', tag.integer = Raw<int16_t>(); break;
-        case 'l': tag.kind = 'i', tag.integer = Raw<int32_t>(); break;
-        case 'q': tag.kind = 'i', tag.integer = Raw<int64_t>(); break;
-        case 'c': tag.kind = 'i', tag.integer = Raw<uint8_t>(); break;
+        case 'r':
+            tag.kind = 'r', tag.real = Raw<double>();
+            break;
+        case 's':
+            tag.kind = 'i', tag.integer = Raw<int16_t>();
+            break;
+        case 'l':
+            tag.kind = 'i', tag.integer = Raw<int32_t>();
+            break;
+        case 'q':
+            tag.kind = 'i', tag.integer = Raw<int64_t>();
+            break;
+        case 'c':
+            tag.kind = 'i', tag.integer = Raw<uint8_t>();
+            break;
         case 'b': {
             const size_t size = Raw<uint8_t>();
             tag.kind = 'b', tag.text = m_bytes.substr(std::min(m_at, m_bytes.size()), size);
@@ -151,11 +161,16 @@ bool Same(const Tag& a, const Tag& b)
     if (a.code != b.code || a.kind != b.kind)
         return false;
     switch (a.kind) {
-    case 'r': return a.real == b.real;
-    case 'i': return a.integer == b.integer;
-    case 'h': return a.handle == b.handle;
-    case 'b': return a.text == b.text;
-    default: return a.text == b.text;
+    case 'r':
+        return a.real == b.real;
+    case 'i':
+        return a.integer == b.integer;
+    case 'h':
+        return a.handle == b.handle;
+    case 'b':
+        return a.text == b.text;
+    default:
+        return a.text == b.text;
     }
 }
 

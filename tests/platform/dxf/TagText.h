@@ -9,8 +9,8 @@ namespace TagText {
 
 struct Tag {
     int code = 0;
-    char kind = 't';        // t text, r real, i whole number, h handle, b binary
-    std::string text;       // raw bytes; of binary data the data itself
+    char kind = 't';    // t text, r real, i whole number, h handle, b binary
+    std::string text;   // raw bytes; of binary data the data itself
     double real = 0;
     int64_t integer = 0;
     uint64_t handle = 0;
@@ -18,10 +18,10 @@ struct Tag {
 
 struct Record {
     std::string section;
-    std::string table;      // or block
-    std::string type;       // of the 0 group; the name of a header variable
+    std::string table;   // or block
+    std::string type;    // of the 0 group; the name of a header variable
     uint64_t handle = 0;
-    std::vector<Tag> tags;  // without the 0 group
+    std::vector<Tag> tags;   // without the 0 group
 };
 
 // Stops where the file cannot be read on. Structure records (SECTION, ENDSEC, TABLE ends, EOF) are left out.

@@ -205,8 +205,9 @@ TEST(TagWriter, WhatIsWrittenReadsBackTheSame)
 
 TEST(TagWriter, AsciiLooksAsTheHostWritesIt)
 {
-    EXPECT_EQ(Written(false, false).substr(0, 71), "  0\r\nSECTION\r\n 10\r\n0.1\r\n 70\r\n    -7\r\n 90\r\n    70000\r\n290"
-                                                   "\r\n     1\r\n160\r\n");
+    EXPECT_EQ(Written(false, false).substr(0, 71),
+              "  0\r\nSECTION\r\n 10\r\n0.1\r\n 70\r\n    -7\r\n 90\r\n    70000\r\n290"
+              "\r\n     1\r\n160\r\n");
 }
 
 TEST(BinaryTags, EndsCleanlyWhereverTheFileIsCut)

@@ -66,8 +66,9 @@ TEST(TextCodec, EveryByteSurvives)
         AcDb::AcDbDwgVersion version;
         const char* page;
     };
-    static const Row rows[] = {{AcDb::kDHL_1027, "ANSI_1252"}, {AcDb::kDHL_1015, "ANSI_1252"}, {AcDb::kDHL_1015, "ANSI_936"},
-                               {AcDb::kDHL_1015, "ANSI_932"},  {AcDb::kDHL_1015, "ANSI_950"},  {AcDb::kDHL_1015, "ANSI_949"},
+    static const Row rows[] = {{AcDb::kDHL_1027, "ANSI_1252"}, {AcDb::kDHL_1015, "ANSI_1252"},
+                               {AcDb::kDHL_1015, "ANSI_936"},  {AcDb::kDHL_1015, "ANSI_932"},
+                               {AcDb::kDHL_1015, "ANSI_950"},  {AcDb::kDHL_1015, "ANSI_949"},
                                {AcDb::kDHL_1012, "dos850"}};
     for (const Row& row : rows) {
         const TextCodec codec(row.version, row.page);
