@@ -72,6 +72,9 @@ TEST(EnvRelease, IsTenTimesTheLeadingNumber)
         KxPlat::SessionOptions options;
         options.release = row.release;
         KxPlat::Session session(options);
+        AcApDocument* document = nullptr;
+        std::wstring why;
+        KxPlat::NewDrawing(L"", document, why);
         int version = -1;
         EXPECT_EQ(GetCurACADVer(version), Acad::eOk);
         EXPECT_EQ(version, row.version);

@@ -1,6 +1,7 @@
 #include "KxArxBase/GiHooks.h"
 #include "KxArxBase/KxMessages.h"
 #include "TestUi.h"
+#include "ed/Session.h"
 #include <gtest/gtest.h>
 
 using KxArxBase::Gi::HookMessage;
@@ -29,6 +30,7 @@ protected:
         KxArxBase::G_bOutDebugCmdMsg = 0;
     }
     TestUi ui;
+    KxPlat::Session session;
 };
 
 }   // namespace

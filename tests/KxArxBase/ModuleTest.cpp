@@ -1,3 +1,4 @@
+#include "ed/Session.h"
 #include "KxArxBase/ArxModuleRegManage.h"
 #include "KxArxBase/KxMessages.h"
 #include "TestUi.h"
@@ -48,6 +49,14 @@ AcRx::AppRetCode Send(CArxModuleRegManage& module, int code)
 
 void Nothing() {}
 
+// A session, since the command stack lives in one.
+class Module : public testing::Test {
+protected:
+    TestUi ui;
+    KxPlat::Session session;
+    TestModule module;
+};
+
 bool IsCommand(const wchar_t* group, const wchar_t* name)
 {
     return acedRegCmds->lookupCmd(name, group) != nullptr;
@@ -55,10 +64,8 @@ bool IsCommand(const wchar_t* group, const wchar_t* name)
 
 }   // namespace
 
-TEST(Module, EachMessageDoesItsWork)
+TEST_F(Module, EachMessageDoesItsWork)
 {
-    TestUi ui;
-    TestModule module;
     for (int code = 0; code <= 20; ++code) {
         if (code == AcRx::kInvkSubrMsg)
             continue;
@@ -68,10 +75,8 @@ TEST(Module, EachMessageDoesItsWork)
     EXPECT_EQ(ui.Taken(), L"");   // nothing is traced unless switched on
 }
 
-TEST(Module, OnlyOneAndOkAreSuccess)
+TEST_F(Module, OnlyOneAndOkAreSuccess)
 {
-    TestUi ui;
-    TestModule module;
     module.initAnswer = 2;
     EXPECT_EQ(Send(module, AcRx::kInitAppMsg), AcRx::kRetError);
     module.drawingAnswer = Acad::eKeyNotFound;
@@ -79,7 +84,7 @@ TEST(Module, OnlyOneAndOkAreSuccess)
     EXPECT_EQ(Send(module, AcRx::kUnloadDwgMsg), AcRx::kRetError);
 }
 
-TEST(Module, MessagesAreTracedUnderTheirNames)
+TEST_F(Module, MessagesAreTracedUnderTheirNames)
 {
     struct Row {
         int code;
@@ -103,8 +108,6 @@ TEST(Module, MessagesAreTracedUnderTheirNames)
                                {16, L"kSuspendMsg"},
                                {17, nullptr},
                                {18, nullptr}};
-    TestUi ui;
-    TestModule module;
     G_bOutDebugCmdMsg = 1;
     for (const Row& row : rows) {
         Send(module, row.code);
@@ -115,25 +118,20 @@ TEST(Module, MessagesAreTracedUnderTheirNames)
     G_bOutDebugCmdMsg = 0;
 }
 
-TEST(Module, AwarenessOfDocumentsNeedsAnApplicationId)
+TEST_F(Module, AwarenessOfDocumentsNeedsAnApplicationId)
 {
-    TestModule module;
     EXPECT_FALSE(module.AppAcrxregisterMDIAware(TRUE));
 }
 
-TEST(Module, CommandsNeedAnInstance)
+TEST_F(Module, CommandsNeedAnInstance)
 {
-    TestUi ui;
-    TestModule module;
     EXPECT_EQ(int(module.RegCmd(L"KX_TEST", L"KxOne", L"KX1", Nothing, 0)), 40004);
     EXPECT_EQ(ui.Taken(), L"");
     EXPECT_FALSE(IsCommand(L"KX_TEST", L"KxOne"));
 }
 
-TEST(Module, ARefusedCommandIsReportedOnce)
+TEST_F(Module, ARefusedCommandIsReportedOnce)
 {
-    TestUi ui;
-    TestModule module;
     module.SetInstance(g_handle);
     ASSERT_EQ(module.RegCmd(L"KX_TEST", L"KxOne", L"KX1", Nothing, 0), Acad::eOk);
     EXPECT_TRUE(IsCommand(L"KX_TEST", L"kxone"));
@@ -143,10 +141,8 @@ TEST(Module, ARefusedCommandIsReportedOnce)
     EXPECT_FALSE(IsCommand(L"KX_TEST", L"KxOne"));
 }
 
-TEST(Module, AListGoesOnBehindARefusedCommand)
+TEST_F(Module, AListGoesOnBehindARefusedCommand)
 {
-    TestUi ui;
-    TestModule module;
     module.SetInstance(g_handle);
     CArxModuleRegManage::tagAutoCadCmd commands[] = {
         {L"KxOne", L"KX1", 0, Nothing}, {L"KxOne", L"KX1", 0, Nothing}, {L"KxTwo", L"KX2", 2, Nothing}};
@@ -159,10 +155,8 @@ TEST(Module, AListGoesOnBehindARefusedCommand)
     EXPECT_FALSE(IsCommand(L"KX_LIST", L"KxTwo"));
 }
 
-TEST(Module, GroupsAreRecordedBySpellingAndForgottenByName)
+TEST_F(Module, GroupsAreRecordedBySpellingAndForgottenByName)
 {
-    TestUi ui;
-    TestModule module;
     module.SetInstance(g_handle);
     module.RegCmd(L"KX_A", L"KxOne", L"KX1", Nothing, 0);
     module.RegCmd(L"KX_A", L"KxTwo", L"KX2", Nothing, 0);
@@ -174,10 +168,8 @@ TEST(Module, GroupsAreRecordedBySpellingAndForgottenByName)
     EXPECT_EQ(module.RemoveCmd(nullptr), 0);
 }
 
-TEST(Module, ANullGroupIsTheModulesName)
+TEST_F(Module, ANullGroupIsTheModulesName)
 {
-    TestUi ui;
-    TestModule module;
     module.SetInstance(g_handle);
     const CString name = module.GetModuleName();
     ASSERT_EQ(module.RegCmd(nullptr, L"KxOne", L"KX1", Nothing, 0), Acad::eOk);
@@ -185,9 +177,8 @@ TEST(Module, ANullGroupIsTheModulesName)
     EXPECT_EQ(module.RemoveCmd(nullptr), 1);
 }
 
-TEST(Module, TheFirstInstanceStays)
+TEST_F(Module, TheFirstInstanceStays)
 {
-    TestModule module;
     HINSTANCE other = reinterpret_cast<HINSTANCE>(&module);
     EXPECT_EQ(module.SetInstance(g_handle), 1);
     module.RegCmd(L"KX_KEEP", L"KxOne", L"KX1", Nothing, 0);
@@ -196,7 +187,7 @@ TEST(Module, TheFirstInstanceStays)
     EXPECT_EQ(module.RemoveCmd(nullptr), 1);   // the group is still known
 }
 
-TEST(Module, ACopyOfAFunctionTakesTheNameUpToItsEnd)
+TEST_F(Module, ACopyOfAFunctionTakesTheNameUpToItsEnd)
 {
     CArxModuleRegManage::tagDefun one;
     for (wchar_t& character : one.name)

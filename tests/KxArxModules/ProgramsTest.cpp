@@ -1,6 +1,7 @@
 // Programs that a configuration file lists, loaded and unloaded by command.
 #include "ed/acedads.h"
 #include "ed/Session.h"
+#include "mfc/CString.h"
 #include "rx/acutads.h"
 #include "ui/ScriptedUi.h"
 #include "win/CodePage.h"
@@ -8,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 
 namespace {
@@ -56,19 +58,7 @@ protected:
     std::unique_ptr<KxPlat::Session> session;
 };
 
-int Integer(const wchar_t* variable)
-{
-    resbuf value = {};
-    acedGetVar(variable, &value);
-    return value.restype == RTSHORT ? value.resval.rint : -1;
-}
-
 }   // namespace
-
-TEST_F(Programs, AnOldReleaseGetsItsTipsSwitchedOff)
-{
-    EXPECT_EQ(Integer(L"ROLLOVERTIPS"), 0);   // the session presents 18.2
-}
 
 TEST_F(Programs, ALispFileIsSentToTheHost)
 {
@@ -135,7 +125,9 @@ TEST_F(Programs, FoldersAreResolvedFromTheModulesFolder)
 TEST_F(Programs, AssembliesLeaveFileDialogsOff)
 {
     Run(L"LoadProFromIni", "[LOAD_ACAD]\nNum=1\n1=Z:\\none\\net.dll\n");
-    EXPECT_EQ(Integer(L"FILEDIA"), 0);
+    resbuf value = {};
+    ASSERT_EQ(acedGetVar(L"FILEDIA", &value), RTNORM);
+    EXPECT_EQ(value.resval.rint, 0);
 }
 
 TEST_F(Programs, AMissingFileIsPassedOverInSilence)
