@@ -26,6 +26,25 @@ void ForEachHardReference(DbCore& core, Visit&& visit)
     });
 }
 
+// Extended data names its applications, and layers, without a handle.
+template <class Visit>
+void ForEachNameInXData(DbCore& core, Visit&& visit)
+{
+    const struct {
+        int code;
+        TableKind table;
+    } rows[] = {{1001, TableKind::RegApp}, {1003, TableKind::Layer}};
+    core.handles.ForEach([&](AcDbStub& stub) {
+        if (stub.object == nullptr || !stub.object->hasXData() || AcDbObjectId(&stub).isEffectivelyErased())
+            return;
+        for (const GroupValue& group : ObjectAccess::Find(*stub.object)->xData)
+            for (const auto& row : rows)
+                if (group.code == row.code)
+                    if (AcDbStub* named = core.Table(row.table)->find(std::wstring_view(group.text())))
+                        visit(named);
+    });
+}
+
 // Records that the header names are in use, whatever the entities say.
 std::unordered_set<AcDbStub*> NamedByHeader(const AcDbDatabase& database)
 {
@@ -61,6 +80,7 @@ Acad::ErrorStatus AcDbDatabase::purge(AcDbObjectIdArray& ids)
             candidates.insert(ids.at(i));
     for (AcDbStub* named : NamedByHeader(*this))
         candidates.erase(named);
+    ForEachNameInXData(*m_core, [&](AcDbStub* named) { candidates.erase(named); });
     // A definition does not keep itself: what stands inside it goes with it.
     ForEachHardReference(*m_core, [&](AcDbStub* from, AcDbStub* to) {
         for (AcDbStub* at = from; at != nullptr; at = ObjectAccess::Owner(*at->object)) {

@@ -254,6 +254,32 @@ TEST_F(Database, PurgeKeepsWhatIsUsed)
     EXPECT_EQ(ids.at(0), unused);
 }
 
+TEST_F(Database, PurgeKeepsWhatExtendedDataNames)
+{
+    const AcDbObjectId layer = AddLayer(L"noted");
+    AcDbObjectId apps[2];
+    AcDbRegAppTable* table = nullptr;
+    ASSERT_EQ(db.getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
+    for (int i = 0; i < 2; ++i) {
+        AcDbRegAppTableRecord* app = new AcDbRegAppTableRecord;
+        app->setName(i == 0 ? L"KX_USED" : L"KX_UNUSED");
+        ASSERT_EQ(table->add(apps[i], app), Acad::eOk);
+        app->close();
+    }
+    table->close();
+    Edit<AcDbLine>(AddLine(), [](AcDbLine& line) {
+        resbuf* chain = acutBuildList(1001, L"KX_USED", 1003, L"noted", 0);
+        EXPECT_EQ(line.setXData(chain), Acad::eOk);
+        acutRelRb(chain);
+    });
+    AcDbObjectIdArray ids;
+    for (AcDbObjectId id : {layer, apps[0], apps[1]})
+        ids.append(id);
+    ASSERT_EQ(db.purge(ids), Acad::eOk);
+    ASSERT_EQ(ids.length(), 1);
+    EXPECT_EQ(ids.at(0), apps[1]);
+}
+
 TEST_F(Database, ClonesTakeTheirLayersToAnotherDrawing)
 {
     AcDbDatabase other;
