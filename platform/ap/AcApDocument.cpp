@@ -1,6 +1,7 @@
 #include "AcApDocument.h"
 #include "../db/AcDbDatabase.h"
 #include "../db/core/DbCore.h"
+#include "../win/CharTables.h"
 #include "DocumentList.h"
 #include <algorithm>
 
@@ -87,9 +88,14 @@ bool AcApDocument::isNamedDrawing() const
 AcApDocument::SaveFormat AcApDocument::formatForSave() const
 {
     const KxPlat::FileForm& form = KxPlat::CoreOf(*m_state->database).form;
+    const AcDb::AcDbDwgVersion version =
+        m_state->saveVersion != AcDb::kDHL_CURRENT ? m_state->saveVersion : form.version;
+    const std::wstring& name = m_state->fileName;
+    const bool isExchange =
+        name.size() > 4 && KxPlat::EqualNoCase(std::wstring_view(name).substr(name.size() - 4), L".dxf");
     for (const FormatRow& row : g_formats) {
-        if (row.version == form.version)
-            return form.isDxf ? row.exchange : row.drawing;
+        if (row.version == version)
+            return isExchange ? row.exchange : row.drawing;
     }
     return kUnknown;
 }

@@ -103,6 +103,8 @@ Acad::ErrorStatus SaveDrawing(AcApDocument& document, const std::wstring& path, 
                               std::wstring& why)
 {
     why.clear();
+    if (version == AcDb::kDHL_CURRENT)
+        version = StateOf(document).saveVersion;
     const std::wstring full = FullDrivePath(path);
     Acad::ErrorStatus status = Acad::eFileAccessErr;
     if (FileInfoOf(HostPath(full)).isFolder)

@@ -30,6 +30,7 @@ struct DocumentState {
     bool isReadOnly = false;
     bool isNamed = false;
     int commandDepth = 0;
+    AcDb::AcDbDwgVersion saveVersion = AcDb::kDHL_CURRENT;   // of a plain save; kDHL_CURRENT: that of the file
     std::vector<AcAp::DocLockMode> locks;
     std::vector<QueuedText> queue;
     std::map<std::type_index, std::unique_ptr<DocumentPart>> parts;
@@ -50,7 +51,7 @@ AcApDocument* AddDocument(std::unique_ptr<AcDbDatabase> database, const std::wst
 Acad::ErrorStatus OpenDrawing(const std::wstring& path, AcApDocument*& document, std::wstring& why);
 // A new drawing, after the template when one is named.
 Acad::ErrorStatus NewDrawing(const std::wstring& templatePath, AcApDocument*& document, std::wstring& why);
-// By the extension of `path`; kDHL_CURRENT keeps the version of a drawing that came from the same kind of file.
+// By the extension of `path`; kDHL_CURRENT keeps the version that the drawing was last saved in.
 Acad::ErrorStatus SaveDrawing(AcApDocument& document, const std::wstring& path, AcDb::AcDbDwgVersion version,
                               std::wstring& why);
 // The document takes another name: that of the file which it was saved to.

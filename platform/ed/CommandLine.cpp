@@ -133,6 +133,8 @@ bool CommandLine::Run(std::wstring text, const InputPiece& from)
         return RunLispCommand(*document, typed.name);
     }
     if (FindVar(typed.name) != nullptr) {
+        if (document != nullptr && m_session.state().running.empty())
+            CoreOf(*document->database()).undo.Begin(typed.name.c_str());
         AskVariable(typed.name);
         return true;
     }

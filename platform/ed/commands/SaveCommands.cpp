@@ -88,12 +88,18 @@ std::wstring VersionList(const wchar_t* separator)
     return list;
 }
 
+AcDb::AcDbDwgVersion VersionOf(AcApDocument& document)
+{
+    const AcDb::AcDbDwgVersion version = StateOf(document).saveVersion;
+    return version != AcDb::kDHL_CURRENT ? version : document.database()->originalFileVersion();
+}
+
 // False when the user cancelled. Enter keeps the drawing's own version.
-bool AskVersion(const AcApDocument& document, AcDb::AcDbDwgVersion& version)
+bool AskVersion(AcApDocument& document, AcDb::AcDbDwgVersion& version)
 {
     std::wstring present = L"2010";
     for (const VersionRow& row : g_versions) {
-        if (row.version == document.database()->originalFileVersion())
+        if (row.version == VersionOf(document))
             present = row.keyword;
     }
     acedInitGet(0, VersionList(L" ").c_str());
@@ -135,7 +141,7 @@ void SaveAsCommand()
     if (!path || !Save(document, *path, version))
         return;
     if (version != AcDb::kDHL_CURRENT)
-        CoreOf(*document.database()).form.version = version;
+        StateOf(document).saveVersion = version;
     RenameDocument(document, *path);
 }
 
@@ -150,7 +156,7 @@ void DxfOutCommand()
         return;
     const std::wstring path = Completed(*given, L".dxf");
     bool isBinary = false;
-    AcDb::AcDbDwgVersion version = document.database()->originalFileVersion();
+    AcDb::AcDbDwgVersion version = VersionOf(document);
     int decimals = 16;
     for (;;) {
         acedInitGet(RSG_NONEG, L"Binary Version");
