@@ -4,6 +4,7 @@
 #include "../db/AcDbDimStyleTableRecord.h"
 #include "../db/AcDbSymbolTable.h"
 #include "../win/AtomicFile.h"
+#include "DxfClassRows.h"
 #include "DxfNames.h"
 #include "DxfSink.h"
 #include "DxfVersion.h"
@@ -236,6 +237,17 @@ template <class Writer>
 void DxfWriter<Writer>::Classes()
 {
     Records(m_core.form.classes);
+    for (const DxfClassRow* row : ClassRowsFor(m_core, m_version, m_isSameForm)) {
+        m_writer.Text(0, "CLASS");
+        m_writer.Text(1, row->dxfName);
+        m_sink.Text(2, row->className);
+        m_sink.Text(3, row->application);
+        m_writer.Integer(90, row->proxyFlags);
+        if (m_version >= AcDb::kDHL_1018)
+            m_writer.Integer(91, 1);
+        m_writer.Integer(280, 0);
+        m_writer.Integer(281, row->isEntity);
+    }
 }
 
 template <class Writer>
