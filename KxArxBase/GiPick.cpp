@@ -84,13 +84,14 @@ Acad::ErrorStatus GetObjectIdsWithAdsName(const ads_name set, AcDbObjectIdArray&
     Adesk::Int32 count = 0;
     if (acedSSLength(set, &count) != RTNORM)
         return Acad::eInvalidAdsName;
-    ids.setPhysicalLength(int(count));
+    ids.setLogicalLength(int(count));
+    int found = 0;
     for (Adesk::Int32 i = 0; i < count; ++i) {
         ads_name entity;
-        AcDbObjectId id;
-        if (acedSSName(set, i, entity) == RTNORM && acdbGetObjectId(id, entity) == Acad::eOk)
-            ids.append(id);
+        if (acedSSName(set, i, entity) == RTNORM && acdbGetObjectId(ids[found], entity) == Acad::eOk)
+            ++found;
     }
+    ids.setLogicalLength(found);
     return Acad::eOk;
 }
 

@@ -3,7 +3,6 @@
 #include "KxMessages.h"
 #include "Opened.h"
 #include <memory>
-#include <unordered_set>
 #include <vector>
 
 namespace KxArxBase {
@@ -21,23 +20,43 @@ void SetStates(AcDbLayerTableRecord& layer, const bool* off, const bool* frozen,
         layer.setIsFrozen(*frozen);
 }
 
-// Remembers ids. Asked for each of a million entities on a few thousand layers, it mostly answers from a table of ids
-// met lately, which a few bits of the id's address choose.
+// Remembers ids. It is asked for each of a million entities on a few thousand layers, so it is a plain table, three
+// quarters of it empty, in which an id's place follows from its value.
 class SeenIds {
 public:
-    // True for an id not met before.
+    // True for an id not met before; never for the null id.
     bool Add(AcDbObjectId id)
     {
-        AcDbObjectId& recent = m_recent[size_t(id.asOldId()) / 16 % m_recent.size()];
-        if (recent == id)
+        AcDbObjectId& slot = SlotOf(id);
+        if (slot == id)
             return false;
-        recent = id;
-        return m_all.insert(id).second;
+        slot = id;
+        if (++m_count * 4 > m_slots.size())
+            Grow();
+        return true;
     }
 
 private:
-    std::vector<AcDbObjectId> m_recent = std::vector<AcDbObjectId>(4096);
-    std::unordered_set<AcDbObjectId> m_all;
+    AcDbObjectId& SlotOf(AcDbObjectId id)
+    {
+        const size_t mask = m_slots.size() - 1;
+        size_t at = size_t(uint64_t(id.asOldId()) * 0x9E3779B97F4A7C15u >> 32) & mask;
+        while (!m_slots[at].isNull() && m_slots[at] != id)
+            at = (at + 1) & mask;
+        return m_slots[at];
+    }
+    void Grow()
+    {
+        const std::vector<AcDbObjectId> old = std::move(m_slots);
+        m_slots.assign(old.size() * 2, AcDbObjectId());
+        for (const AcDbObjectId& id : old) {
+            if (!id.isNull())
+                SlotOf(id) = id;
+        }
+    }
+
+    std::vector<AcDbObjectId> m_slots = std::vector<AcDbObjectId>(1024);   // always a power of two
+    size_t m_count = 0;
 };
 
 CString NameOf(AcDbObjectId record)
