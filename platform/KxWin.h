@@ -33,6 +33,7 @@
 #include "win/Processes.h"
 #include "win/Profile.h"
 #include "win/Registry.h"
+#include "win/TopWindows.h"
 #include "win/Version.h"
 #include "win/WinChars.h"
 #include "win/WinError.h"
