@@ -12,6 +12,9 @@ using namespace KxPlat;
 
 namespace {
 
+// Owners that a damaged file closed to a ring are followed no further than any real chain goes.
+const int kDeepestOwner = 64;
+
 // Only references from objects that are themselves there count, and the header's from no object at all.
 template <class Visit>
 void ForEachHardReference(DbCore& core, Visit&& visit)
@@ -83,7 +86,8 @@ Acad::ErrorStatus AcDbDatabase::purge(AcDbObjectIdArray& ids)
     ForEachNameInXData(*m_core, [&](AcDbStub* named) { candidates.erase(named); });
     // A definition does not keep itself: what stands inside it goes with it.
     ForEachHardReference(*m_core, [&](AcDbStub* from, AcDbStub* to) {
-        for (AcDbStub* at = from; at != nullptr; at = ObjectAccess::Owner(*at->object)) {
+        AcDbStub* at = from;
+        for (int depth = 0; at != nullptr && depth < kDeepestOwner; ++depth, at = ObjectAccess::Owner(*at->object)) {
             if (at == to)
                 return;
             if (at->object == nullptr || AcDbSymbolTableRecord::cast(at->object) != nullptr)
