@@ -9,7 +9,7 @@ namespace KxPlat {
 
 namespace {
 
-constexpr AcDb::AcDbDwgVersion kNever = AcDb::AcDbDwgVersion(1000);
+constexpr int kNever = 1000;
 constexpr const wchar_t* kObjectDbx = L"ObjectDBX Classes";
 
 const DxfClassRow kRows[] = {

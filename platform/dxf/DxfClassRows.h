@@ -14,7 +14,7 @@ struct DxfClassRow {
     const wchar_t* application;
     int proxyFlags;
     bool isEntity;
-    AcDb::AcDbDwgVersion until;   // a part of the format from this version on
+    int until;   // a part of the format from this version on
 };
 
 // The rows that the live objects need (with `newObjectsOnly` the ones that no file brought), without those that the
