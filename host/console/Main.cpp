@@ -6,6 +6,7 @@
 #include "TerminalUi.h"
 #include "win/CodePage.h"
 #include "win/Files.h"
+#include "win/Format.h"
 #include "win/Modules.h"
 #include "win/OwnVersion.h"
 #include <cstdio>
@@ -79,6 +80,9 @@ bool Program::OpenDrawingFile()
                                          : OpenDrawing(FromUtf8(m_options.drawing), document, why);
     if (status != Acad::eOk)
         Complain(m_options.drawing, why);
+    else if (!m_options.isQuiet && !m_options.drawing.empty() && LastReadReport().repairs != 0)
+        Complain(m_options.drawing, Format(L"%I64u faults were mended, the first: %s", LastReadReport().repairs,
+                                           LastReadReport().firstRepair.c_str()));
     return status == Acad::eOk;
 }
 
