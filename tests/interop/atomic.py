@@ -22,7 +22,7 @@ class Atomic(unittest.TestCase):
         self.old = self.target.read_bytes()
 
     def command(self, target):
-        return [kxcad.program(), "--no-module", "--quiet", "-c", "-LAYER", "-c", "OFF", "-c", "*", "-c", "", "-o", str(target), str(PLAN)]
+        return [kxcad.program(), "--no-module", "--quiet", "-c", "-LAYER", "-c", "OFF", "-c", "*", "-c", "Y", "-c", "", "-o", str(target), str(PLAN)]
 
     def test_killed_at_many_moments(self):
         whole = self.folder / "whole.dxf"

@@ -270,15 +270,37 @@ void SetDescription()
                  [&](AcDbLayerTableRecord& layer) { return layer.setDescription(text); });
 }
 
-template <bool off>
+// What is drawn next would not be seen, so the user has to want it.
+bool MayHideCurrent(const CString& pattern)
+{
+    const CString current = NameOf(Database().clayer());
+    if (!WildcardMatch(std::wstring_view(current, size_t(current.GetLength())),
+                       std::wstring_view(pattern, size_t(pattern.GetLength()))))
+        return true;
+    const CString question = L"\nReally want layer \"" + current + L"\" (the CURRENT layer) off? [Yes/No] <N>: ";
+    acedInitGet(0, L"Yes No");
+    ACHAR answer[64] = L"";
+    return acedGetKword(question, answer) == RTNORM && answer[0] == L'Y';
+}
+
+void SetOn()
+{
+    AskAndChange(L"\nEnter name list of layer(s) to turn on: ", [](AcDbLayerTableRecord& layer) {
+        layer.setIsOff(false);
+        return Acad::eOk;
+    });
+}
+
 void SetOff()
 {
-    AskAndChange(off ? L"\nEnter name list of layer(s) to turn off or <select objects>: "
-                     : L"\nEnter name list of layer(s) to turn on: ",
-                 [](AcDbLayerTableRecord& layer) {
-                     layer.setIsOff(off);
-                     return Acad::eOk;
-                 });
+    CString pattern;
+    if (!AskText(L"\nEnter name list of layer(s) to turn off: ", pattern, NameOf(Database().clayer())))
+        return;
+    const AcDbObjectId kept = MayHideCurrent(pattern) ? AcDbObjectId() : Database().clayer();
+    ChangeLayers(pattern, [&](AcDbLayerTableRecord& layer) {
+        layer.setIsOff(layer.isOff() || layer.objectId() != kept);
+        return Acad::eOk;
+    });
 }
 
 template <bool frozen>
@@ -309,8 +331,8 @@ const Option kOptions[] = {
     {L"Set", Set},
     {L"New", New},
     {L"Rename", Rename},
-    {L"ON", SetOff<false>},
-    {L"OFF", SetOff<true>},
+    {L"ON", SetOn},
+    {L"OFF", SetOff},
     {L"Color", SetColor},
     {L"Ltype", SetLinetype},
     {L"LWeight", SetLineWeight},

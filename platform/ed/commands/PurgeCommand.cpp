@@ -202,7 +202,7 @@ void KxPlat::PurgeCommand()
     const bool isAll = CString(keyword) == L"All";
     const PurgeKind* only = KindOfKeyword(keyword);
 
-    ACHAR pattern[260] = L"";
+    ACHAR pattern[512] = L"";
     const int answer = acedGetString(0, L"\nEnter name(s) to purge <*>: ", pattern);
     if (answer != RTNORM && answer != RTNONE)
         return;
