@@ -70,7 +70,7 @@ KX_MEASURE(HidePickObjectLayer, 3);
 
 void ShowAllLayer(benchmark::State& state)
 {
-    Command(state, "layers.dxf", L"ShowAllLayer\n", L"-LAYER\nOFF\n*\n\n");
+    Command(state, "layers.dxf", L"ShowAllLayer\n", L"-LAYER\nOFF\n*\nY\n\n");
 }
 KX_MEASURE(ShowAllLayer, 5);
 
