@@ -79,7 +79,7 @@ private:
         if (line[0] != L'"' && line[0] != L'@')
             return false;
         // A text may run over several lines; it is read again from its start.
-        m_at = m_text.find(line[0], start);
+        m_at = m_item = m_text.find(line[0], start);
         --m_line;
         std::wstring name;
         if (line[0] == L'@')
@@ -97,7 +97,7 @@ private:
     // Passes over what is left of a line.
     bool Skip()
     {
-        if (m_text[m_at - 1] != L'\n')
+        if (m_at == m_item || m_text[m_at - 1] != L'\n')
             NextLine();
         return false;
     }
@@ -266,6 +266,7 @@ private:
     RegistryKey& m_root;
     RegistryKey* m_key = nullptr;   // null: values are passed over
     size_t m_at = 0, m_line = 0;
+    size_t m_item = 0;   // where the value that is being read begins
     bool m_isOld = false;
 };
 

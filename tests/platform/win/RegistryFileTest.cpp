@@ -73,6 +73,7 @@ TEST(RegistryText, ReadsWhatExportsHold)
          3},
         {"[HKEY_CURRENT_USER\\A]\n\"n\"=\"open\n\"m\"=dword:1\n", {"HKEY_CURR\\A"}, 3},
         {"[HKEY_CURRENT_USER\\A]\n\"n\"=\"a\" b\n\"m\"=dword:1\n", {"HKEY_CURR\\A|m|4|01000000"}, 3},
+        {"[HKEY_CURRENT_USER\\A]\n\"n\n@\n\n", {"HKEY_CURR\\A"}, 3},
         {"[]\n[-]\n[\n[HKEY_CURRENT_USER\n", {}, 2},
         {"[HKEY_CURRENT_USER\\A]\n\"n\"=hex:01,\\", {"HKEY_CURR\\A"}, 3},
     };
