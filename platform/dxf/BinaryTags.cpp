@@ -56,6 +56,10 @@ bool BinaryTags::Next()
     m_groupStart = m_next;
     if (m_next >= m_bytes.size() || !ReadCode())
         return false;
+    if (m_code < 0) {
+        m_report->Fail(Place(), "a group code is expected here");
+        return CutOff();
+    }
     m_kind = KindOfGroup(m_code);
     size_t extra = 0;
     switch (m_kind) {

@@ -245,7 +245,7 @@ AcDbEntity* DxfInput<Tags>::MakeEntity(std::string_view type)
     if (made != nullptr && made->isKindOf(AcDbEntity::desc()))
         return static_cast<AcDbEntity*>(made.release());
     AcDbProxyEntity* proxy = new AcDbProxyEntity;
-    proxy->setDxfName(type);
+    proxy->setDxfName(OneLine(type));
     return proxy;
 }
 
@@ -255,7 +255,7 @@ AcDbObject* DxfInput<Tags>::MakeObject(std::string_view type)
     if (AcDbObject* made = Make(type))
         return made;
     AcDbProxyObject* proxy = new AcDbProxyObject;
-    proxy->setDxfName(type);
+    proxy->setDxfName(OneLine(type));
     return proxy;
 }
 

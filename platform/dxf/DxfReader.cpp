@@ -74,7 +74,7 @@ bool DxfReader<Tags>::Read()
     Tags& tags = m_in.tags;
     bool isMore = tags.Next();
     for (; isMore && tags.code() == 999; isMore = tags.Next())
-        m_in.core.form.comments.emplace_back(tags.Text());
+        m_in.core.form.comments.push_back(OneLine(tags.Text()));
     if (!isMore || !m_in.IsRecord("SECTION")) {
         m_in.tags.report().Fail(tags.Place(), "this is no drawing: a section is expected here");
         return false;
@@ -115,7 +115,7 @@ bool DxfReader<Tags>::ReadSection()
         m_in.Mend("this section has no name");
         return ReadLoose(std::string());
     }
-    const std::string name(m_in.tags.Text());
+    const std::string name = OneLine(m_in.tags.Text());
     std::vector<std::string>& order = m_in.core.form.sectionOrder;
     if (std::find(order.begin(), order.end(), name) == order.end())
         order.push_back(name);
@@ -132,7 +132,7 @@ bool DxfReader<Tags>::ReadHeader()
     bool isMore = false;
     while ((isMore = m_in.tags.Next()) && m_in.tags.code() != 0) {
         if (m_in.tags.code() == 9) {
-            const std::string name(m_in.tags.Text());
+            const std::string name = OneLine(m_in.tags.Text());
             if (m_in.core.header.Find(name) != nullptr) {
                 m_in.Mend("this variable was there before:", name);
                 m_in.core.header.Get(name).groups.clear();

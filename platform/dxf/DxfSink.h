@@ -145,7 +145,7 @@ private:
         m_raw.clear();
         for (int i = 0; i < kept.bytes.GetLength(); ++i)
             m_raw.push_back(char(kept.bytes[i]));
-        m_writer.Text(code, m_raw);
+        m_writer.Text(code, OneLine(m_raw));
     }
     const AcDbStub* OwnerAsRead(int code, const AcDbStub* stub)
     {

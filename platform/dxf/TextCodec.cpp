@@ -111,17 +111,20 @@ void Escape(wchar_t character, std::string& out)
     AppendEscape(0xDC00 + ((code - 0x10000) & 0x3FF), out);
 }
 
-// No text may end its line early; a caret names the control characters.
-void ReplaceLineEnds(std::string& bytes)
-{
-    for (size_t i = 0; i < bytes.size(); ++i) {
-        const char c = bytes[i];
-        if (c == '\n' || c == '\r' || c == '\0')
-            bytes.replace(i, 1, {'^', char('@' + c)});
-    }
-}
-
 }   // namespace
+
+std::string OneLine(std::string_view bytes)
+{
+    std::string line;
+    line.reserve(bytes.size());
+    for (char c : bytes) {
+        if (c == '\n' || c == '\r' || c == '\0')
+            line += {'^', char('@' + c)};
+        else
+            line += c;
+    }
+    return line;
+}
 
 TextCodec::TextCodec(AcDb::AcDbDwgVersion version, std::string_view pageName)
 {
@@ -153,7 +156,8 @@ std::string_view TextCodec::Encode(const CString& text) const
     if (i < size) {
         m_bytes.clear();
         EncodeLossless(m_codePage, {wide, size}, m_bytes, Escape);
-        ReplaceLineEnds(m_bytes);
+        if (m_bytes.find_first_of(std::string_view("\r\n\0", 3)) != m_bytes.npos)
+            m_bytes = OneLine(m_bytes);
     }
     return m_bytes;
 }

@@ -8,6 +8,9 @@
 
 namespace KxPlat {
 
+// No text may end its line early: line ends and zeros are named with a caret ("^J").
+std::string OneLine(std::string_view bytes);
+
 class TextCodec {
 public:
     TextCodec() = default;
