@@ -7,7 +7,7 @@
 
 namespace KxMfcEx {
 
-enum EKxFileIOType { eKxFileIORead = 0, eKxFileIOWrite = 1 };
+enum EKxFileIOType : int { eKxFileIORead = 0, eKxFileIOWrite = 1 };
 
 class KXARX_API CKxFileIO {
 public:
