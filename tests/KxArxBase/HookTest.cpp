@@ -1,7 +1,7 @@
+#include "ed/Session.h"
 #include "KxArxBase/GiHooks.h"
 #include "KxArxBase/KxMessages.h"
 #include "TestUi.h"
-#include "ed/Session.h"
 #include <gtest/gtest.h>
 
 using KxArxBase::Gi::HookMessage;
