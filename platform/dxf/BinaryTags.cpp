@@ -5,8 +5,13 @@ namespace KxPlat {
 
 BinaryTags::BinaryTags(std::string_view bytes, DxfReport& report) : m_bytes(bytes), m_report(&report)
 {
-    // The first group is 0: a second zero byte is the upper half of its code, not the start of a text.
-    m_hasShortCodes = bytes.size() > kBinarySentinel.size() + 1 && bytes[kBinarySentinel.size() + 1] != 0;
+    // The first group is 0, where a second zero byte is the upper half of the code and not the start of a text, or a
+    // comment (999), which only short codes begin with 255.
+    const auto byte = [bytes](size_t i) {
+        return bytes.size() > kBinarySentinel.size() + i ? static_cast<unsigned char>(bytes[kBinarySentinel.size() + i])
+                                                         : 0;
+    };
+    m_hasShortCodes = byte(0) == 255 || (byte(0) == 0 && byte(1) != 0);
     Rewind();
 }
 

@@ -210,6 +210,29 @@ TEST(TagWriter, AsciiLooksAsTheHostWritesIt)
               "\r\n     1\r\n160\r\n");
 }
 
+TEST(BinaryTags, TellsTheLengthOfCodesByTheFirst)
+{
+    struct Row {
+        std::string_view bytes;
+        bool hasShortCodes;
+        int code;
+    };
+    static const Row rows[] = {
+        {{"\0SECTION\0", 9}, true, 0},
+        {{"\0\0SECTION\0", 10}, false, 0},
+        {{"\xFF\xE7\x03hello\0", 9}, true, 999},
+        {{"\xE7\x03hello\0", 8}, false, 999},
+    };
+    for (const Row& row : rows) {
+        DxfReport report;
+        const std::string bytes = std::string(kBinarySentinel) + std::string(row.bytes);
+        BinaryTags tags(bytes, report);
+        EXPECT_EQ(tags.hasShortCodes(), row.hasShortCodes);
+        ASSERT_TRUE(tags.Next());
+        EXPECT_EQ(tags.code(), row.code);
+    }
+}
+
 TEST(BinaryTags, EndsCleanlyWhereverTheFileIsCut)
 {
     for (bool hasShortCodes : {false, true}) {
