@@ -78,6 +78,7 @@ Acad::ErrorStatus KxPlat::OpenStub(AcDbStub* stub, AcDb::OpenMode mode, bool era
         if (stub->readers == UINT16_MAX)
             return Acad::eAtMaxReaders;
         ++stub->readers;
+        FetchAhead(stub);
     } else if (mode == AcDb::kForWrite) {
         if (stub->writing)
             return Acad::eWasOpenForWrite;

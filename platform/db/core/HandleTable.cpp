@@ -5,7 +5,7 @@ namespace KxPlat {
 AcDbStub* HandleTable::NewUnnamed()
 {
     if (m_count % kChunk == 0)
-        m_chunks.push_back(std::make_unique<AcDbStub[]>(kChunk));
+        m_chunks.push_back(std::make_unique<AcDbStub[]>(kChunk + kStubsAhead));
     AcDbStub* stub = &m_chunks.back()[m_count % kChunk];
     ++m_count;
     stub->database = m_database;

@@ -100,6 +100,7 @@ bool Conversation::IsTaken(AcDbObjectId id, size_t& locked, size_t& filtered) co
     const AcDbStub* stub = id;
     if (stub == nullptr || stub->object == nullptr || stub->erased || stub->database != &m_database)
         return false;
+    FetchAhead(stub);
     const AcDbEntity* entity = AcDbEntity::cast(stub->object);
     if (entity == nullptr)
         return false;

@@ -33,6 +33,7 @@ void Add(const AcDbBlockTableRecord& block, Reach reach, std::vector<AcDbObjectI
         if (stub->erased || stub->object == nullptr)
             continue;
         if (reach != Reach::Drawing) {
+            FetchAhead(stub);
             const AcDbEntity& entity = static_cast<const AcDbEntity&>(*stub->object);
             const AcDbStub* layer = entity.layerId();
             if (layer != lastLayer || layer == nullptr) {
