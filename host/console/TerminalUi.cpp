@@ -113,7 +113,7 @@ InputEvent TerminalUi::Ask(const InputRequest& request)
         break;
     case LineReader::Result::Interrupted:
         event.type = InputEvent::Type::Cancel;
-        Print(L"*Cancel*\n");
+        m_isLineOpen = true;   // the editor says what was cancelled, behind the prompt
         break;
     case LineReader::Result::End:
         event.type = InputEvent::Type::End;

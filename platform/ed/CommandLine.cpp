@@ -50,6 +50,11 @@ AcEdCommand* Lookup(const TypedName& typed)
 
 bool CommandLine::ExecuteNext(const InputSource* until)
 {
+    if (Ui().Interrupted()) {
+        Ui().Print(L"*Cancel*");
+        m_session.input().DropAll();
+        m_session.Fail();
+    }
     TakeQueue();
     InputRequest request;
     request.kind = InputKind::Command;
@@ -59,7 +64,7 @@ bool CommandLine::ExecuteNext(const InputSource* until)
     case InputPiece::Type::End:
         return false;
     case InputPiece::Type::Cancel:
-        Cancelled();
+        Cancelled(piece);
         return true;
     case InputPiece::Type::Value:
         return true;
@@ -187,12 +192,12 @@ int CommandLine::RunArguments(const resbuf* arguments)
     return m_wasCancelled ? RTCAN : failed ? RTERROR : RTNORM;
 }
 
-void CommandLine::Cancelled()
+void CommandLine::Cancelled(const InputPiece& piece)
 {
     m_wasCancelled = true;
-    if (!m_session.state().running.empty())
+    if (piece.isTyped || !m_session.state().running.empty())
         Ui().Print(L"*Cancel*");
-    if (m_session.input().IsKeyboardNext())
+    if (piece.isTyped)
         m_session.input().DropPrograms();
 }
 

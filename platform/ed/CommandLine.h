@@ -24,7 +24,7 @@ public:
     int RunArguments(const resbuf* arguments);
     bool HasQueue() const;   // strings wait that were sent to documents
     // Esc came in at a prompt. The user's own ends programs as well; one in a script or sent string only the command.
-    void Cancelled();
+    void Cancelled(const InputPiece& piece);
 
 private:
     bool RunText(const InputPiece& piece);

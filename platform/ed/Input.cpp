@@ -56,6 +56,7 @@ public:
             else
                 return FromEvent(event, piece);
         }
+        piece.isTyped = true;
         return true;
     }
     void Clear() { m_pieces = TextPieces(); }
@@ -84,6 +85,7 @@ private:
     static bool FromEvent(const InputEvent& event, InputPiece& piece)
     {
         piece = InputPiece();
+        piece.isTyped = true;
         switch (event.type) {
         case InputEvent::Type::Cancel:
             piece.type = InputPiece::Type::Cancel;

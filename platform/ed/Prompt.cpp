@@ -64,7 +64,7 @@ InputPiece TakePiece(const InputRequest& request, TextRule rule)
     for (;;) {
         InputPiece piece = session->input().Next(shown, rule);
         if (piece.type == InputPiece::Type::Cancel) {
-            session->line().Cancelled();
+            session->line().Cancelled(piece);
             return piece;
         }
         if (piece.type == InputPiece::Type::End && !session->options().hasKeyboard)

@@ -221,6 +221,17 @@ TEST_F(Editor, AMissingAnswerIsAskedFromTheCaller)
     EXPECT_EQ(Seen(L"OUTER 5\n"), L"\nCommand: OUTER\nSecond: 5\nsum 6");
 }
 
+TEST_F(Editor, TheUsersEscapeEndsTheProgramToo)
+{
+    Add(L"ADD", L"ADD", 0, AskTwice);
+    Add(L"OUTER", L"OUTER", 0, [] {
+        acutPrintf(L"\n%d", acedCommand(RTSTR, L"ADD", RTSTR, L"\\", RTSTR, L"ADD", RTSHORT, 1, RTSHORT, 2, RTNONE));
+    });
+    ui.answers = {L"OUTER", L"\x1b"};
+    session->Loop();
+    EXPECT_EQ(ui.TakePrinted(), L"\nCommand: OUTER\nFirst: *Cancel*\n-5002\nCommand: ");
+}
+
 TEST_F(Editor, AWholeCommandIsOneStepOfUndo)
 {
     Add(L"ADDLAYER", L"ADDLAYER", 0, AddLayer);
