@@ -10,6 +10,7 @@
 #include "AcDbUCSTableRecord.h"
 #include "AcDbViewportTableRecord.h"
 #include "AcDbViewTableRecord.h"
+#include "core/BackUp.h"
 #include "core/DbCore.h"
 #include "core/DefaultDrawing.h"
 #include "core/FileFormats.h"
@@ -241,8 +242,10 @@ Acad::ErrorStatus AcDbDatabase::dxfOut(const ACHAR* fileName, int precision, AcD
     return Write(*m_core, *this, fileName, version, precision);
 }
 
-Acad::ErrorStatus AcDbDatabase::saveAs(const ACHAR* fileName, bool, AcDb::AcDbDwgVersion version)
+Acad::ErrorStatus AcDbDatabase::saveAs(const ACHAR* fileName, bool backUp, AcDb::AcDbDwgVersion version)
 {
+    if (backUp && fileName != nullptr && !BackUpFile(fileName))
+        return Acad::eFileAccessErr;
     return Write(*m_core, *this, fileName, version, 16);
 }
 
