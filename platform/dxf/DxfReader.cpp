@@ -5,6 +5,7 @@
 #include "BinaryTags.h"
 #include "DxfEntities.h"
 #include "DxfVersion.h"
+#include "OldViews.h"
 #include <algorithm>
 
 namespace KxPlat {
@@ -208,6 +209,8 @@ void DxfReader<Tags>::Finish()
     m_in.NumberAll();
     std::stable_sort(core.form.spellings.begin(), core.form.spellings.end(),
                      [](const KeptSpelling& a, const KeptSpelling& b) { return std::less<>()(a.object, b.object); });
+    if (core.form.version < AcDb::kDHL_1015)
+        TakeOldViews(core);
     core.form.repairs += m_in.tags.report().mendedCount();
 }
 

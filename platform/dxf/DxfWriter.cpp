@@ -8,6 +8,7 @@
 #include "DxfNames.h"
 #include "DxfSink.h"
 #include "DxfVersion.h"
+#include "OldViews.h"
 #include "TagNumbers.h"
 #include <algorithm>
 #include <unordered_set>
@@ -355,7 +356,7 @@ void DxfWriter<Writer>::Entity(const AcDbStub* stub)
     if (IsR12() && !m_isSameForm && WriteOldForm(entity, m_sink))
         return;
     m_sink.Write(DxfNameOf(entity), entity, m_form);
-    if (IsR12() && !m_isSameForm)
+    if (m_version < AcDb::kDHL_1015 && !m_isSameForm)
         WriteOldView(entity, m_sink);
     const std::vector<AcDbStub*>* parts = entity.parts();
     if (parts == nullptr)

@@ -6,8 +6,6 @@
 #include "../db/AcDbMText.h"
 #include "../db/AcDbPolyline.h"
 #include "../db/AcDbText.h"
-#include "../db/AcDbViewport.h"
-#include "../db/core/RecordNames.h"
 #include "../db/core/Stub.h"
 #include "../rx/acutads.h"
 #include "DxfNames.h"
@@ -143,43 +141,6 @@ bool WriteOldForm(const AcDbEntity& entity, RecordSink& sink)
     else if (const AcDbCurve* curve = AcDbCurve::cast(&entity))
         WriteCurve(*curve, sink);
     return true;
-}
-
-void WriteOldView(const AcDbEntity& entity, RecordSink& sink)
-{
-    const AcDbViewport* view = AcDbViewport::cast(&entity);
-    if (view == nullptr || view->hasXData())
-        return;
-    const auto integers = [&sink](std::initializer_list<int> values) {
-        for (int value : values)
-            sink.Integer(1070, value);
-    };
-    const auto reals = [&sink](std::initializer_list<double> values) {
-        for (double value : values)
-            sink.Real(1040, value);
-    };
-    const AcGeVector3d direction = view->viewDirection();
-    sink.Text(1001, L"ACAD");
-    sink.Text(1000, L"MVIEW");
-    sink.Text(1002, L"{");
-    sink.Integer(1070, 16);
-    sink.Point(1010, view->viewTarget());
-    sink.Point(1010, AcGePoint3d(direction.x, direction.y, direction.z));
-    reals(
-        {view->twistAngle(), view->viewHeight(), view->viewCenter().x, view->viewCenter().y, view->lensLength(), 0, 0});
-    integers({view->isPerspectiveOn(), 100, 1, 1, 0, 0, 0, 0});   // zoom, icon, snap and grid as in a new viewport
-    reals({0, 0, 0, 10, 10, 10, 10});
-    integers({0});
-    sink.Text(1002, L"{");
-    AcDbObjectIdArray frozen;
-    view->getFrozenLayerList(frozen);
-    for (int i = 0; i < frozen.length(); ++i) {
-        const AcDbStub* layer = frozen[i];
-        if (layer != nullptr && layer->object != nullptr && !layer->erased)
-            sink.Text(1003, RecordNameOf(*layer->object));
-    }
-    sink.Text(1002, L"}");
-    sink.Text(1002, L"}");
 }
 
 }   // namespace KxPlat

@@ -17,7 +17,5 @@ public:
 // False for an entity that is written as it is. Curves become polylines, paragraphs lines of text; what has no old form
 // is left out.
 bool WriteOldForm(const AcDbEntity& entity, RecordSink& sink);
-// The view of an old viewport, which stands in its extended data.
-void WriteOldView(const AcDbEntity& viewport, RecordSink& sink);
 
 }   // namespace KxPlat

@@ -4,6 +4,7 @@
 #include "db/AcDbLayerTableRecord.h"
 #include "db/AcDbLine.h"
 #include "db/AcDbPolyline.h"
+#include "db/AcDbViewport.h"
 #include "db/core/DbCore.h"
 #include "db/core/FileFormats.h"
 #include "dxf/DxfNames.h"
@@ -212,6 +213,40 @@ TEST_F(Saving, AFlatPolylineBecomesOneWithVerticesInTheOldestVersion)
         EXPECT_EQ(value(entities[i + 1], 42), vertices[i][2]);
     }
     EXPECT_EQ(entities[4].type, "SEQEND");
+}
+
+TEST_F(Saving, ViewsOfViewportsPassThroughOldVersions)
+{
+    AcDbDatabase database(false, true);
+    ASSERT_EQ(database.readDwgFile(Data("house_r2018.dxf").c_str()), Acad::eOk);
+    const auto viewportOf = [](AcDbDatabase& drawing) -> const AcDbViewport* {
+        for (const AcDbStub* block : CoreOf(drawing).Table(TableKind::Block)->records())
+            for (const AcDbStub* stub : static_cast<const AcDbBlockTableRecord*>(block->object)->entities()) {
+                const AcDbViewport* viewport = AcDbViewport::cast(stub->object);
+                AcDbObjectIdArray frozen;
+                if (viewport != nullptr && viewport->getFrozenLayerList(frozen) == Acad::eOk && frozen.length() > 0)
+                    return viewport;
+            }
+        return nullptr;
+    };
+    const AcDbViewport* before = viewportOf(database);
+    ASSERT_NE(before, nullptr);
+    for (AcDb::AcDbDwgVersion version : {AcDb::kDHL_1009, AcDb::kDHL_1012, AcDb::kDHL_1014}) {
+        SCOPED_TRACE(version);
+        ASSERT_EQ(WriteDxf(database, m_path, {version, false, 16}), 0);
+        AcDbDatabase again(false, true);
+        ASSERT_EQ(again.readDwgFile(Path().c_str()), Acad::eOk);
+        const AcDbViewport* after = viewportOf(again);
+        ASSERT_NE(after, nullptr);
+        EXPECT_EQ(after->viewHeight(), before->viewHeight());
+        EXPECT_EQ(after->viewCenter(), before->viewCenter());
+        EXPECT_EQ(after->viewTarget(), before->viewTarget());
+        EXPECT_EQ(after->viewDirection(), before->viewDirection());
+        AcDbObjectIdArray frozen, frozenBefore;
+        after->getFrozenLayerList(frozen);
+        before->getFrozenLayerList(frozenBefore);
+        EXPECT_EQ(frozen.length(), frozenBefore.length());
+    }
 }
 
 TEST_F(Saving, DecimalsAreCutWhereAsked)
