@@ -9,9 +9,11 @@
 
 // How an array moves its items when it grows. Both names mean the same here: items are moved one by one.
 template <class T>
-struct AcArrayMemCopyReallocator {};
+struct AcArrayMemCopyReallocator {
+};
 template <class T>
-struct AcArrayObjectCopyReallocator {};
+struct AcArrayObjectCopyReallocator {
+};
 
 template <class T, class Reallocator = AcArrayMemCopyReallocator<T>>
 class AcArray {

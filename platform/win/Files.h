@@ -37,7 +37,7 @@ struct FileInfo {
 FileInfo FileInfoOf(const std::string& hostPath);
 
 struct FolderEntry {
-    std::string name;   // without the folder
+    std::string name;        // without the folder
     bool isFolder = false;   // or a link to one
     bool isLink = false;
 };

@@ -10,7 +10,14 @@ RESULTS = """<?xml version="1.0"?><testsuite>
 <testcase name="a" status="run"/><testcase name="b" status="run"/>
 <testcase name="c" status="fail"><failure message=""/></testcase>
 <testcase name="d" status="notrun"><skipped message="SKIP_RETURN_CODE=77"/></testcase>
-<testcase name="e" status="disabled"/></testsuite>"""
+<testcase name="e" status="disabled"/>
+<testcase name="f" status="run"/><testcase name="g" status="fail"><failure message=""/></testcase></testsuite>"""
+# What two GoogleTest programs left: one with a test skipped, one that died behind its only test.
+PROGRAM = """<?xml version="1.0"?><testsuites><testsuite name="S">
+<testcase name="One" status="run" result="completed" classname="S"/>
+<testcase name="Two" status="run" result="skipped" classname="S"><skipped/></testcase></testsuite></testsuites>"""
+DEAD = """<?xml version="1.0"?><testsuites><testsuite name="S">
+<testcase name="One" status="run" result="completed" classname="S"/></testsuite></testsuites>"""
 
 
 class CountResults(unittest.TestCase):
@@ -18,8 +25,12 @@ class CountResults(unittest.TestCase):
         with tempfile.TemporaryDirectory() as folder:
             path = Path(folder, "results.xml")
             path.write_text(RESULTS, encoding="ascii")
-            said = subprocess.run([sys.executable, str(COUNTER), str(path)], capture_output=True, text=True, check=True).stdout
-        self.assertEqual(said.splitlines(), ["skipped: d", "skipped: e", "failed: c", "2 passed, 1 failed, 2 skipped"])
+            Path(folder, "f.xml").write_text(PROGRAM, encoding="ascii")
+            Path(folder, "g.xml").write_text(DEAD, encoding="ascii")
+            said = subprocess.run([sys.executable, str(COUNTER), str(path), folder], capture_output=True, text=True,
+                                  check=True).stdout
+        self.assertEqual(said.splitlines(), ["skipped: d", "skipped: e", "skipped: f: S.Two", "failed: c", "failed: g",
+                                             "4 passed, 2 failed, 3 skipped"])
 
 
 if __name__ == "__main__":

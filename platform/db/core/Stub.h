@@ -21,8 +21,8 @@ struct AcDbStub {
 
 namespace KxPlat {
 
-// Objects are mostly visited in the order of their handles: while one is worked on, memory fetches the one some steps on.
-// Behind the last stub of every chunk stand as many empty ones, so the step is always there.
+// Objects are mostly visited in the order of their handles: while one is worked on, memory fetches the one some steps
+// on. Behind the last stub of every chunk stand as many empty ones, so the step is always there.
 constexpr size_t kStubsAhead = 8;
 inline void FetchAhead(const AcDbStub* stub)
 {

@@ -9,8 +9,8 @@
 #include "db/core/FileFormats.h"
 #include "db/core/ObjectAccess.h"
 #include "win/CodePage.h"
-#include <filesystem>
 #include <algorithm>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
