@@ -205,7 +205,7 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
 // --- iteration ---
 
 AcDbSymbolTableIterator::AcDbSymbolTableIterator(const AcDbSymbolTable& table, bool skipErased)
-    : m_records(table.records()), m_skipErased(skipErased)
+    : m_records(table.records())
 {
     start(true, skipErased);
 }

@@ -31,7 +31,6 @@ private:
     const std::vector<AcDbStub*>& m_records;
     std::ptrdiff_t m_at = 0;
     std::ptrdiff_t m_count = 0;
-    bool m_skipErased;
 };
 
 class AcDbSymbolTable : public AcDbObject {

@@ -95,15 +95,16 @@ const Conversation::Option Conversation::kOptions[] = {
     {L"SINGLE", 2, &Conversation::Single},
 };
 
+// Of entities only: what else a LISP program hands over is turned away before.
 bool Conversation::IsTaken(AcDbObjectId id, size_t& locked, size_t& filtered) const
 {
     const AcDbStub* stub = id;
     if (stub == nullptr || stub->object == nullptr || stub->erased || stub->database != &m_database)
         return false;
+    if (!m_choice.skipsLocked && m_choice.filter == nullptr)
+        return true;
     FetchAhead(stub);
-    const AcDbEntity* entity = AcDbEntity::cast(stub->object);
-    if (entity == nullptr)
-        return false;
+    const AcDbEntity* entity = static_cast<const AcDbEntity*>(stub->object);
     if (m_choice.skipsLocked && IsOnLockedLayer(*entity)) {
         ++locked;
         return false;
@@ -120,6 +121,7 @@ void Conversation::Add(const std::vector<AcDbObjectId>& ids)
     const size_t before = m_set.Length();
     size_t locked = 0, filtered = 0, duplicates = 0, found = 0;
     Change change{{}, false};
+    change.ids.reserve(ids.size());
     for (const AcDbObjectId id : ids) {
         if (!IsTaken(id, locked, filtered))
             continue;
@@ -329,7 +331,9 @@ Next Conversation::TakeValue(const resbuf& value)
         return Help();
     case RTENAME: {
         AcDbObjectId id;
-        return acdbGetObjectId(id, value.resval.rlname) == Acad::eOk ? Found({id}) : Help();
+        const bool isNamed = acdbGetObjectId(id, value.resval.rlname) == Acad::eOk;
+        const AcDbStub* stub = id;
+        return isNamed && stub != nullptr && AcDbEntity::cast(stub->object) != nullptr ? Found({id}) : Help();
     }
     case RTPOINT:
     case RT3DPOINT:

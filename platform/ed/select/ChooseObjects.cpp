@@ -58,9 +58,11 @@ std::vector<AcDbObjectId> MembersOfGroup(AcDbDatabase& database, const std::wstr
         return ids;
     AcDbGroup* group = nullptr;
     if (groups->getAt(name.c_str(), group, AcDb::kForRead) == Acad::eOk) {
-        for (const AcDbObjectId member : group->members())
-            if (!member.isNull() && !member.isErased() && member.isResident())
+        for (const AcDbObjectId member : group->members()) {
+            const AcDbStub* stub = member;
+            if (stub != nullptr && !stub->erased && AcDbEntity::cast(stub->object) != nullptr)
                 ids.push_back(member);
+        }
         group->close();
     }
     groups->close();
