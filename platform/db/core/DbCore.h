@@ -38,6 +38,12 @@ struct KeptSpelling {
     AcDbStub* owner;   // for code 330
 };
 
+// A section of a file that says nothing of its objects (a preview, summary information), byte by byte.
+struct KeptBytes {
+    std::string name;
+    Bytes bytes;
+};
+
 // The file that a drawing was read from, as far as writing it back needs it.
 struct FileForm {
     AcDb::AcDbDwgVersion version = AcDb::kDHL_1024;
@@ -53,6 +59,7 @@ struct FileForm {
     std::vector<std::string> tableOrder;     // "VPORT", "LTYPE", ...
     std::vector<LooseRecord> classes;
     std::vector<LooseSection> sections;   // everything besides the known six
+    std::vector<KeptBytes> dwgSections;   // of a DWG file, everything that is not made anew when it is saved
     // Handles given after reading: from the first on to objects that came without one and stay so in files of the same
     // form, from the second on to what the file left out altogether. The third is the first free one.
     uint64_t numberedFrom = 0, impliedFrom = 0, impliedTo = 0;
