@@ -1,30 +1,11 @@
 #include "AcGiTextStyle.h"
 #include "../rx/acutads.h"
+#include "fonts/Font.h"
 #include <algorithm>
 #include <cmath>
 #include <iterator>
 
 namespace {
-
-// Advances of the characters from the blank to the tilde, in hundredths of the text height.
-constexpr unsigned char kAdvances[] = {
-    67,  33, 50, 100, 83, 100, 100, 33,  42, 42, 67, 100, 33, 67,  33, 67,   // blank to /
-    83,  50, 83, 83,  83, 83,  83,  83,  83, 83, 33, 33,  83, 83,  83, 83,   // 0 to ?
-    117, 83, 83, 83,  83, 75,  75,  83,  83, 33, 67, 83,  75, 100, 83, 83,   // @ to O
-    83,  83, 83, 83,  67, 83,  83,  100, 83, 83, 83, 42,  67, 42,  67, 83,   // P to _
-    33,  67, 67, 67,  67, 67,  50,  67,  67, 33, 42, 58,  33, 100, 67, 67,   // ` to o
-    67,  67, 50, 67,  50, 67,  67,  100, 67, 67, 67, 50,  33, 50,  83,       // p to ~
-};
-static_assert(std::size(kAdvances) == 95);
-
-struct CharRange {
-    wchar_t first;
-    wchar_t last;
-};
-
-// Blocks of square characters: Hangul, ideographs, kana, full-width forms.
-constexpr CharRange kSquare[] = {{0x1100, 0x115F}, {0x2E80, 0xA4CF}, {0xAC00, 0xD7A3}, {0xF900, 0xFAFF},
-                                 {0xFE30, 0xFE6F}, {0xFF00, 0xFF60}, {0xFFE0, 0xFFE6}, {0x20000, 0x3FFFD}};
 
 struct DrawnCode {
     wchar_t letter;
@@ -42,16 +23,6 @@ bool IsDigit(wchar_t character)
 }   // namespace
 
 namespace KxPlat {
-
-double AdvanceOf(wchar_t character)
-{
-    if (character >= L' ' && character <= L'~')
-        return kAdvances[character - L' '] / 100.0;
-    for (const CharRange& range : kSquare)
-        if (character >= range.first && character <= range.last)
-            return 1.0;
-    return character < L' ' ? 0.0 : 0.83;
-}
 
 CString ShownText(const ACHAR* text, int length)
 {
@@ -125,9 +96,10 @@ AcGePoint2d AcGiTextStyle::extents(const ACHAR* text, bool, int length, bool raw
         shown += text[at];
     if (!raw)
         shown = KxPlat::ShownText(text, length);
+    const KxPlat::FontChain& fonts = KxPlat::FontsOf(*this);
     double advance = 0;
     for (int at = 0; at < shown.GetLength(); ++at)
-        advance += m_isVertical ? 1.0 : KxPlat::AdvanceOf(shown[at]) * m_trackingPercent;
+        advance += m_isVertical ? 1.0 : fonts.GlyphOf(shown[at]).advance * m_trackingPercent;
     if (m_isVertical)
         return AcGePoint2d(m_textSize * m_xScale, -advance * m_textSize);
     const double slant = std::tan(m_obliquingAngle) * m_textSize;

@@ -1,5 +1,5 @@
-// How a text is drawn: font, size, width, slant. Measures texts without any font file: widths are those of a plain
-// stroke font for letters, and a square for each ideograph.
+// How a text is drawn: font, size, width, slant. Shape fonts are measured as the built-in stroke font, an ideograph
+// being a square; TrueType fonts as the font that the system has for the name.
 #pragma once
 #include "../db/AcDbObjectId.h"
 #include "../ge/AcGePoint2d.h"
@@ -39,6 +39,9 @@ public:
     void setOverlined(bool on) { m_isOverlined = on; }
     void setUnderlined(bool on) { m_isUnderlined = on; }
     Acad::ErrorStatus setFont(const ACHAR* typeface, bool bold, bool italic, int charset, int pitchAndFamily);
+    const ACHAR* typeface() const { return m_typeface; }
+    bool isBold() const { return m_isBold; }
+    bool isItalic() const { return m_isItalic; }
     Acad::ErrorStatus font(ACHAR*& typeface, bool& bold, bool& italic, int& charset, int& pitchAndFamily) const;
     int loadStyleRec() const { return 0; }
 
@@ -73,8 +76,6 @@ Acad::ErrorStatus fromAcDbTextStyle(AcGiTextStyle& style, const ACHAR* name);
 
 namespace KxPlat {
 
-// The advance of a character as a share of the text height.
-double AdvanceOf(wchar_t character);
 // A text with its %% codes replaced by what they draw.
 CString ShownText(const ACHAR* text, int length = -1);
 
