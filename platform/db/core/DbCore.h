@@ -58,6 +58,7 @@ struct FileForm {
     std::vector<std::string> sectionOrder;   // names of the sections that the file had
     std::vector<std::string> tableOrder;     // "VPORT", "LTYPE", ...
     std::vector<LooseRecord> classes;
+    std::vector<int> classNumbers;        // of a DWG file, beside `classes`
     std::vector<LooseSection> sections;   // everything besides the known six
     std::vector<KeptBytes> dwgSections;   // of a DWG file, everything that is not made anew when it is saved
     // Handles given after reading: from the first on to objects that came without one and stay so in files of the same

@@ -123,6 +123,15 @@ void VisitReferences(AcDbObject& object, const ReferenceVisitor& visitor)
     visitor(annex.extensionDictionary, Reference::HardOwner);
     for (AcDbObjectId& reactor : annex.reactors)
         visitor(reactor, Reference::SoftPointer);
+    if (annex.bits != nullptr) {
+        if (annex.bits.use_count() > 1)
+            annex.bits = std::make_shared<KeptBits>(*annex.bits);
+        for (KeptBits::Referred& referred : annex.bits->references) {
+            static const Reference kinds[] = {Reference::SoftOwner, Reference::HardOwner, Reference::SoftPointer,
+                                              Reference::HardPointer};
+            visitor(referred.id, kinds[(referred.code - 2) & 3]);
+        }
+    }
     VisitGroups(annex.others, visitor);
     VisitGroups(annex.xData, visitor);
 }

@@ -2,6 +2,7 @@
 #pragma once
 #include "../AcDbObject.h"
 #include "GroupValue.h"
+#include "KeptBits.h"
 #include "Stub.h"
 
 namespace KxPlat {
@@ -12,6 +13,7 @@ struct Annex {
     std::vector<AcDbObjectId> reactors;   // soft pointers, in order
     GroupList xData;                      // 1001 and what follows, application by application
     GroupList others;                     // groups that no field claims, in file order
+    std::shared_ptr<KeptBits> bits;       // shared between copies until their references part
 };
 
 enum StateBit : uint32_t {
@@ -39,6 +41,11 @@ struct ObjectAccess {
         return *object.m_annex;
     }
     static void SetAnnex(AcDbObject& object, Annex* annex);
+    // Nothing but bits is known of the object: only a DWG file of their version can hold it.
+    static bool IsOnlyBits(const AcDbObject& object)
+    {
+        return object.m_annex != nullptr && object.m_annex->bits != nullptr;
+    }
     static Acad::ErrorStatus CallErase(AcDbObject& object, bool erasing) { return object.subErase(erasing); }
     static Acad::ErrorStatus CallClose(AcDbObject& object) { return object.subClose(); }
     static Acad::ErrorStatus CallOpen(AcDbObject& object, AcDb::OpenMode mode) { return object.subOpen(mode); }
