@@ -172,6 +172,8 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
         replaced->erase();
         replaced->close();
     }
+    // The new object takes the old one's place among the entries.
+    const std::ptrdiff_t place = old == nullptr ? -1 : old - m_entries.data();
     if (object->objectId().isNull())
         id = CoreOf(*database()).Adopt(object, 0, objectId(), true);
     else
@@ -180,7 +182,10 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
         object->setOwnerId(objectId());
         object->addPersistentReactor(objectId());
     }
-    m_entries.push_back({name, id});
+    if (place < 0)
+        m_entries.push_back({name, id});
+    else
+        m_entries[size_t(place)].id = id;
     return Acad::eOk;
 }
 

@@ -1,0 +1,56 @@
+// Group codes of drawing files by name, as far as programs build chains of them.
+#pragma once
+
+namespace AcDb {
+
+enum DxfCode {
+    kDxfInvalid = -9999,
+    kDxfXDictionary = -6,
+    kDxfPReactors = -5,
+    kDxfOperator = -4,
+    kDxfXDataStart = -3,
+    kDxfHeaderId = -2,
+    kDxfFirstEntId = -2,
+    kDxfEnd = -1,
+    kDxfStart = 0,
+    kDxfText = 1,
+    kDxfBlockName = 2,
+    kDxfHandle = 5,
+    kDxfLinetypeName = 6,
+    kDxfTextStyleName = 7,
+    kDxfLayerName = 8,
+    kDxfXCoord = 10,
+    kDxfReal = 40,
+    kDxfAngle = 50,
+    kDxfVisibility = 60,
+    kDxfColor = 62,
+    kDxfInt16 = 70,
+    kDxfInt32 = 90,
+    kDxfSubclass = 100,
+    kDxfControlString = 102,
+    kDxfNormalX = 210,
+    kDxfBool = 290,
+    kDxfBinaryChunk = 310,
+    kDxfArbHandle = 320,
+    kDxfSoftPointerId = 330,
+    kDxfHardPointerId = 340,
+    kDxfSoftOwnershipId = 350,
+    kDxfHardOwnershipId = 360,
+    kDxfXdAsciiString = 1000,
+    kDxfRegAppName = 1001,
+    kDxfXdControlString = 1002,
+    kDxfXdLayer = 1003,
+    kDxfXdBinaryChunk = 1004,
+    kDxfXdHandle = 1005,
+    kDxfXdXCoord = 1010,
+    kDxfXdWorldXCoord = 1011,
+    kDxfXdWorldXDisp = 1012,
+    kDxfXdWorldXDir = 1013,
+    kDxfXdReal = 1040,
+    kDxfXdDist = 1041,
+    kDxfXdScale = 1042,
+    kDxfXdInteger16 = 1070,
+    kDxfXdInteger32 = 1071
+};
+
+}   // namespace AcDb
