@@ -3,9 +3,9 @@
 #include "../db/core/DbCore.h"
 #include "../db/core/ObjectAccess.h"
 #include "../db/core/RecordNames.h"
+#include "../db/core/TextCodec.h"
 #include "OldForms.h"
 #include "TagWriter.h"
-#include "TextCodec.h"
 #include <algorithm>
 
 namespace KxPlat {

@@ -3,7 +3,7 @@
 #include "../db/core/DbCore.h"
 #include "../db/core/ObjectAccess.h"
 #include "../db/core/RecordNames.h"
-#include "TextCodec.h"
+#include "../db/core/TextCodec.h"
 #include <bit>
 #include <cstring>
 #include <deque>

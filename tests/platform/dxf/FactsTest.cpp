@@ -8,7 +8,7 @@
 #include "db/core/FileFormats.h"
 #include "db/core/ObjectAccess.h"
 #include "dxf/DxfNames.h"
-#include "dxf/TextCodec.h"
+#include "db/core/TextCodec.h"
 #include "Json.h"
 #include "TagText.h"
 #include "win/CharTables.h"

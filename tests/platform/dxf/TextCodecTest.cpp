@@ -1,5 +1,5 @@
 // Texts of files in all code pages, there and back.
-#include "dxf/TextCodec.h"
+#include "db/core/TextCodec.h"
 #include <gtest/gtest.h>
 
 using namespace KxPlat;

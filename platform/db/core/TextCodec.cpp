@@ -1,5 +1,5 @@
 #include "TextCodec.h"
-#include "../win/CodePage.h"
+#include "../../win/CodePage.h"
 
 namespace KxPlat {
 

@@ -1,8 +1,8 @@
-// Texts of a drawing file: bytes of its code page (UTF-8 from AC1021 on) with "\U+XXXX" and "\M+nXXXX" for what the
-// code page lacks. Bytes that mean nothing in the code page survive reading and writing.
+// Texts of a drawing file: bytes of its code page (UTF-8 in DXF files from AC1021 on) with "\U+XXXX" and "\M+nXXXX" for
+// what the code page lacks. Bytes that mean nothing in the code page survive reading and writing.
 #pragma once
-#include "../db/AcDb.h"
-#include "../mfc/CString.h"
+#include "../../mfc/CString.h"
+#include "../AcDb.h"
 #include <string>
 #include <string_view>
 
@@ -14,6 +14,7 @@ std::string OneLine(std::string_view bytes);
 class TextCodec {
 public:
     TextCodec() = default;
+    explicit TextCodec(unsigned codePage) : m_codePage(codePage) {}
     // `pageName` is the value of $DWGCODEPAGE; an empty or unknown one counts as ANSI_1252.
     TextCodec(AcDb::AcDbDwgVersion version, std::string_view pageName);
 
