@@ -1,9 +1,16 @@
 #include "AcGeCurve3d.h"
+#include <algorithm>
 #include <limits>
 
 namespace {
 
-constexpr int kSamples = 256;
+constexpr int kFewestSamples = 256;
+
+// Twice the places that the turning of the curve asks for, so that each bend has some of its own.
+int SamplesOf(const AcGeCurve3d& curve)
+{
+    return std::max(kFewestSamples, 2 * curve.steps());
+}
 
 // Narrows the parameter of the nearest place by thirds within an interval that holds one minimum.
 double Narrowed(const AcGeCurve3d& curve, const AcGePoint3d& point, double lower, double upper)
@@ -19,23 +26,132 @@ double Narrowed(const AcGeCurve3d& curve, const AcGePoint3d& point, double lower
     return (lower + upper) / 2.0;
 }
 
+// Thirds stop where distances no longer differ; the slope tells the rest of the way.
+double Polished(const AcGeCurve3d& curve, const AcGePoint3d& point, double parameter, double lower, double upper)
+{
+    for (int round = 0; round < 20; ++round) {
+        const AcGeCurve3d::Derivatives along = curve.derivativesAt(parameter);
+        const AcGeVector3d off = curve.evalPoint(parameter) - point;
+        const double bend = along.first.lengthSqrd() + off.dotProduct(along.second);
+        if (bend <= 0.0)
+            break;
+        const double next = std::clamp(parameter - off.dotProduct(along.first) / bend, lower, upper);
+        if (std::fabs(next - parameter) <= 1.0e-16 * (1.0 + std::fabs(parameter)))
+            return next;
+        parameter = next;
+    }
+    return parameter;
+}
+
+// Five places and weights of Gauss, for an integral over -1 to 1.
+constexpr double kGauss[5][2] = {{0.0, 0.568888888888888888889},
+                                 {-0.538469310105683091036, 0.478628670499366468041},
+                                 {0.538469310105683091036, 0.478628670499366468041},
+                                 {-0.906179845938663992798, 0.236926885056189087514},
+                                 {0.906179845938663992798, 0.236926885056189087514}};
+
+double GaussLength(const AcGeCurve3d& curve, double from, double to)
+{
+    double sum = 0.0;
+    for (const auto& [place, weight] : kGauss)
+        sum += weight * curve.derivativesAt((from + to) / 2.0 + (to - from) / 2.0 * place).first.length();
+    return sum * (to - from) / 2.0;
+}
+
+// Halved until both halves agree with the whole.
+double RefinedLength(const AcGeCurve3d& curve, double from, double to, double whole, int depth)
+{
+    const double middle = (from + to) / 2.0;
+    const double left = GaussLength(curve, from, middle);
+    const double right = GaussLength(curve, middle, to);
+    if (depth == 0 || std::fabs(left + right - whole) <= 1.0e-13 * std::fabs(whole))
+        return left + right;
+    return RefinedLength(curve, from, middle, left, depth - 1) + RefinedLength(curve, middle, to, right, depth - 1);
+}
+
+constexpr int kLengthDepth = 12;
+
 }   // namespace
+
+AcGeCurve3d::Derivatives AcGeCurve3d::derivativesAt(double parameter) const
+{
+    AcGeInterval interval;
+    getInterval(interval);
+    const double width = std::isfinite(interval.length()) ? interval.length() : 1.0;
+    const double step = 1.0e-4 * width;
+    const double lower = std::max(parameter - step, interval.lowerBound());
+    const double upper = std::min(parameter + step, interval.upperBound());
+    const double half = (upper - lower) / 2.0;
+    if (half <= 0.0)
+        return {};
+    const AcGePoint3d before = evalPoint(lower), at = evalPoint((lower + upper) / 2.0), after = evalPoint(upper);
+    return {(after - before) / (2.0 * half), ((after - at) - (at - before)) / (half * half)};
+}
+
+AcGePoint3d AcGeCurve3d::evalPoint(double parameter, int count, AcGeVector3dArray& derivatives) const
+{
+    const Derivatives along = derivativesAt(parameter);
+    derivatives.setLogicalLength(0);
+    if (count >= 1)
+        derivatives.append(along.first);
+    if (count >= 2)
+        derivatives.append(along.second);
+    return evalPoint(parameter);
+}
+
+double AcGeCurve3d::length(double from, double to) const
+{
+    // Parts as even as the curve wants them keep each integral smooth.
+    AcGeInterval interval;
+    getInterval(interval);
+    const double share = interval.length() > 0.0 ? std::fabs(to - from) / interval.length() : 0.0;
+    const int parts = std::max(1, int(std::ceil(std::min(share, 1.0) * steps() / 4.0)));
+    double sum = 0.0;
+    for (int part = 0; part < parts; ++part) {
+        const double lower = from + (to - from) * part / parts;
+        const double upper = from + (to - from) * (part + 1) / parts;
+        sum += RefinedLength(*this, lower, upper, GaussLength(*this, lower, upper), kLengthDepth);
+    }
+    return std::fabs(sum);
+}
+
+double AcGeCurve3d::paramAtLength(double datum, double wanted) const
+{
+    AcGeInterval interval;
+    getInterval(interval);
+    double lower = wanted < 0.0 ? interval.lowerBound() : datum;
+    double upper = wanted < 0.0 ? datum : interval.upperBound();
+    double parameter = (lower + upper) / 2.0;
+    for (int round = 0; round < 200; ++round) {
+        const double off = length(datum, parameter) * (parameter < datum ? -1.0 : 1.0) - wanted;
+        (off > 0.0 ? upper : lower) = parameter;
+        const double speed = derivativesAt(parameter).first.length();
+        double next = speed > 0.0 ? parameter - off / speed : parameter;
+        if (!(next > lower && next < upper))
+            next = (lower + upper) / 2.0;
+        if (std::fabs(next - parameter) <= 1.0e-15 * (1.0 + std::fabs(parameter)))
+            return next;
+        parameter = next;
+    }
+    return parameter;
+}
 
 AcGePoint3d AcGeCurve3d::closestPointTo(const AcGePoint3d& point, double& parameter) const
 {
     AcGeInterval interval;
     getInterval(interval);
-    const double step = interval.length() / kSamples;
+    const int samples = SamplesOf(*this);
+    const double step = interval.length() / samples;
     int best = 0;
     double least = std::numeric_limits<double>::infinity();
-    for (int sample = 0; sample <= kSamples; ++sample) {
+    for (int sample = 0; sample <= samples; ++sample) {
         const double distance = evalPoint(interval.lowerBound() + step * sample).distanceTo(point);
         if (distance < least)
             least = distance, best = sample;
     }
     const double lower = interval.lowerBound() + step * std::max(best - 1, 0);
-    const double upper = interval.lowerBound() + step * std::min(best + 1, kSamples);
-    parameter = Narrowed(*this, point, lower, upper);
+    const double upper = interval.lowerBound() + step * std::min(best + 1, samples);
+    parameter = Polished(*this, point, Narrowed(*this, point, lower, upper), lower, upper);
     return evalPoint(parameter);
 }
 
@@ -47,12 +163,9 @@ AcGePoint3d AcGeCurve3d::closestPointTo(const AcGePoint3d& point) const
 
 double AcGeCurve3d::length() const
 {
-    AcGePoint3dArray points;
-    getSamplePoints(16 * kSamples + 1, points);
-    double sum = 0.0;
-    for (int index = 1; index < points.length(); ++index)
-        sum += points[index].distanceTo(points[index - 1]);
-    return sum;
+    AcGeInterval interval;
+    getInterval(interval);
+    return length(interval.lowerBound(), interval.upperBound());
 }
 
 bool AcGeCurve3d::hasStartPoint(AcGePoint3d& point) const

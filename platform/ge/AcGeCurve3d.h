@@ -24,10 +24,16 @@ public:
 
     virtual void getInterval(AcGeInterval& interval) const = 0;
     virtual AcGePoint3d evalPoint(double parameter) const = 0;
+    // With the first one or two derivatives by the parameter.
+    AcGePoint3d evalPoint(double parameter, int count, AcGeVector3dArray& derivatives) const;
     // The place on the curve that is nearest to `point`.
     virtual AcGePoint3d closestPointTo(const AcGePoint3d& point, double& parameter) const;
     AcGePoint3d closestPointTo(const AcGePoint3d& point) const;
     virtual double length() const;
+    virtual double length(double from, double to) const;   // along the curve, between two parameters
+    // The parameter so far along the curve from `datum`, backwards for a negative length. Not held within the interval
+    // where the curve knows no end there.
+    virtual double paramAtLength(double datum, double length) const;
     virtual AcGeCurve3d& transformBy(const AcGeMatrix3d& matrix) = 0;
 
     double distanceTo(const AcGePoint3d& point) const { return closestPointTo(point).distanceTo(point); }
@@ -40,6 +46,14 @@ public:
     bool isClosed(const AcGeTol& tol = AcGeContext::gTol) const;
     // `count` points at even parameters, both ends among them.
     void getSamplePoints(int count, AcGePoint3dArray& points) const;
+
+    // The same two by value.
+    struct Derivatives {
+        AcGeVector3d first, second;
+    };
+    virtual Derivatives derivativesAt(double parameter) const;
+    // How many even parts of the interval a curve needs for each part to turn by no more than a small angle.
+    virtual int steps() const { return 64; }
 
 protected:
     AcGeCurve3d() = default;

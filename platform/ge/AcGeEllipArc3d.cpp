@@ -18,6 +18,11 @@ bool AcGeEllipArc3d::isCircular(const AcGeTol& tol) const
     return std::fabs(majorRadius() - minorRadius()) <= tol.equalPoint();
 }
 
+AcGeCurve3d::Derivatives AcGeEllipArc3d::derivativesAt(double angle) const
+{
+    return {m_minor * std::cos(angle) - m_major * std::sin(angle), m_center - evalPoint(angle)};
+}
+
 AcGeEllipArc3d& AcGeEllipArc3d::transformBy(const AcGeMatrix3d& matrix)
 {
     m_center = matrix * m_center;

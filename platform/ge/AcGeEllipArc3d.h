@@ -34,6 +34,8 @@ public:
     {
         return m_center + m_major * std::cos(angle) + m_minor * std::sin(angle);
     }
+    using AcGeCurve3d::evalPoint;
+    Derivatives derivativesAt(double angle) const override;
     AcGeEllipArc3d& transformBy(const AcGeMatrix3d& matrix) override;
 
 protected:
@@ -56,6 +58,11 @@ public:
     double radius() const { return m_major.length(); }
     AcGeVector3d refVec() const { return m_major.normal(); }
     double length() const override { return radius() * (m_end - m_start); }
+    double length(double from, double to) const override { return radius() * std::fabs(to - from); }
+    double paramAtLength(double datum, double length) const override
+    {
+        return radius() > 0 ? datum + length / radius() : datum;
+    }
     using AcGeCurve3d::closestPointTo;
     AcGePoint3d closestPointTo(const AcGePoint3d& point, double& parameter) const override;
 };

@@ -21,7 +21,15 @@ public:
     using AcGeCurve3d::closestPointTo;
     AcGePoint3d evalPoint(double parameter) const override { return m_start + m_vector * parameter; }
     AcGePoint3d closestPointTo(const AcGePoint3d& point, double& parameter) const override;
+    using AcGeCurve3d::evalPoint;
+    Derivatives derivativesAt(double parameter) const override { return {m_vector, {}}; }
+    int steps() const override { return 1; }
     double length() const override;
+    double length(double from, double to) const override { return m_vector.length() * std::fabs(to - from); }
+    double paramAtLength(double datum, double length) const override
+    {
+        return m_vector.lengthSqrd() > 0 ? datum + length / m_vector.length() : datum;
+    }
     AcGeLinearEnt3d& transformBy(const AcGeMatrix3d& matrix) override;
 
 protected:
