@@ -103,6 +103,8 @@ int CStrFunLib::CompareNoCaseWithFormat(const wchar_t* pattern, const wchar_t* t
     const wchar_t* rest = lower;
     for (INT_PTR i = 0; i < pieces.GetSize(); ++i) {
         const CString piece = Lowered(pieces[i]);
+        if (piece.IsEmpty())
+            continue;
         const wchar_t* found = std::wcsstr(rest, piece);
         if (found == nullptr)
             return 0;

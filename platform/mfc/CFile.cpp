@@ -1,5 +1,6 @@
 #include "CFile.h"
 #include "../win/CodePage.h"
+#include "../win/CrtFiles.h"
 #include "../win/Files.h"
 #include "TextView.h"
 #include <algorithm>
@@ -19,13 +20,13 @@ LONG LastError()
 }
 
 // Without modeCreate the file must be there; with modeNoTruncate it keeps what it holds.
-const char* ModeOf(UINT flags, bool exists)
+const wchar_t* ModeOf(UINT flags, bool exists)
 {
     const bool writes = (flags & (CFile::modeWrite | CFile::modeReadWrite)) != 0;
     const bool creates = (flags & CFile::modeCreate) != 0;
     if (creates && (!exists || (flags & CFile::modeNoTruncate) == 0))
-        return "w+b";
-    return writes ? "r+b" : "rb";
+        return L"w+b";
+    return writes ? L"r+b" : L"rb";
 }
 
 }   // namespace
@@ -53,7 +54,7 @@ BOOL CFile::Open(const wchar_t* fileName, UINT openFlags, CFileException* error)
     if (info.isFolder)
         errno = EACCES;
     else
-        m_file = std::fopen(path.c_str(), ModeOf(openFlags, info.exists));
+        m_file = _wfopen(fileName == nullptr ? L"" : fileName, ModeOf(openFlags, info.exists));
     if (m_file != nullptr)
         return TRUE;
     if (error != nullptr) {

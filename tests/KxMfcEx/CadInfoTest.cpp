@@ -1,12 +1,11 @@
 #include "KxMfcEx/CadInfo.h"
-#include "support/TempFolder.h"
-#include <cstdlib>
+#include "support/DriveC.h"
 #include <gtest/gtest.h>
 
 namespace {
 
 using namespace KxMfcEx;
-using KxTest::TempFolder;
+using KxTest::DriveC;
 
 constexpr int kKept = -5;   // what an answer holds that is not given
 
@@ -58,11 +57,10 @@ TEST(CadInfo, ReadsProductKeys)
 
 TEST(CadInfo, FiltersLookAboveEveryFolder)
 {
-    const TempFolder folder;
-    setenv("KX_DRIVE_C", folder.Path("drive_c").c_str(), 1);
-    std::filesystem::create_directories(folder.Path("drive_c/Acad2008/Support/zh"));
-    std::filesystem::create_directories(folder.Path("drive_c/x"));
-    folder.Write("drive_c/Acad2008/acad.EXE", "");
+    const DriveC drive;
+    drive.MakeFolder("Acad2008/Support/zh");
+    drive.MakeFolder("x");
+    drive.Write("Acad2008/acad.EXE", "");
     const wchar_t kPlain[] = L"ACAD-6001:804\\\\ACAD", kCivil[] = L"ACAD-6000:804\\\\ACAD";
     struct Row {
         const wchar_t *path, *data;
@@ -91,10 +89,9 @@ TEST(CadInfo, FiltersLookAboveEveryFolder)
         EXPECT_EQ(FilterCAD(row.path, row.data), row.plain);
         EXPECT_EQ(FilterCivil3D(row.path, row.data), row.civil);
     }
-    folder.Write("drive_c/Acad.exe", "");
+    drive.Write("Acad.exe", "");
     EXPECT_EQ(FilterCAD(kPlain, L"C:\\none\\deeper"), 1) << "the drive itself is looked at last";
     EXPECT_STREQ(FindInOrAbove(L"C:\\x;C:\\Acad2008\\Support", L"Acad.exe"), L"C:\\Acad.exe");
-    unsetenv("KX_DRIVE_C");
 }
 
 TEST(CadInfo, ReleasesAndTheirKeys)

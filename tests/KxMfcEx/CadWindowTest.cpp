@@ -1,8 +1,7 @@
 #include "KxMfcEx/CadWindow.h"
+#include "KxMfcEx/StrFunLib.h"
 #include "support/AnsiPage.h"
 #include "support/TempFolder.h"
-#include "support/WindowServer.h"
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace {
@@ -10,7 +9,6 @@ namespace {
 using namespace KxMfcEx;
 using KxTest::AnsiPage;
 using KxTest::TempFolder;
-using KxTest::WindowServer;
 
 TEST(CadWindow, TitlesTellTheRelease)
 {
@@ -48,25 +46,57 @@ TEST(CadWindow, TitlesTellTheRelease)
         EXPECT_EQ(ReleaseOfTitle(row.title), row.release) << testing::PrintToString(row.title);
 }
 
+// Another process with a main window, which notes what it gets.
+class WindowProgram {
+public:
+    // `program` is the file that it runs as; it notes the bytes of every WM_COPYDATA in the file `log`.
+    WindowProgram(const std::filesystem::path& program, const wchar_t* title, const std::wstring& log)
+    {
+        CString line;
+        line.Format(L"window \"%s\" \"%s\"", title, log.c_str());
+        STARTUPINFOW start = {};
+        start.cb = sizeof start;
+        EXPECT_TRUE(CreateProcessW(KxTest::DriveForm(program).c_str(), line.GetBuffer(), nullptr, nullptr, FALSE, 0,
+                                   nullptr, nullptr, &start, &m_info))
+            << GetLastError();
+        for (int i = 0; i < 1000 && GetFileAttributesW(log.c_str()) == INVALID_FILE_ATTRIBUTES; ++i)
+            Sleep(10);
+    }
+    ~WindowProgram()
+    {
+        TerminateProcess(m_info.hProcess, 0);
+        WaitForSingleObject(m_info.hProcess, 10000);
+        CloseHandle(m_info.hThread);
+        CloseHandle(m_info.hProcess);
+    }
+    WindowProgram(const WindowProgram&) = delete;
+    WindowProgram& operator=(const WindowProgram&) = delete;
+    DWORD Process() const { return m_info.dwProcessId; }
+
+private:
+    PROCESS_INFORMATION m_info = {};
+};
+
 class CadWindows : public testing::Test {
 protected:
-    void SetUp() override
+    static std::filesystem::path Program()
     {
-        setenv("KX_WINDOWS", m_folder.Path("windows").c_str(), 1);
-        setenv("TMPDIR", m_folder.Path().c_str(), 1);
+        wchar_t own[MAX_PATH] = {};
+        GetModuleFileNameW(nullptr, own, MAX_PATH);
+        const std::wstring extension = CStrFunLib::IsExistEXTName(own, L"exe") ? L".exe" : L"";
+        return KxTest::RealPath(CStrFunLib::GetFilePath(own).GetString() + (L"WindowProgram" + extension));
     }
-    void TearDown() override
+    std::filesystem::path CopiedTo(const char* name) const
     {
-        unsetenv("KX_WINDOWS");
-        unsetenv("TMPDIR");
+        std::filesystem::create_directories(std::filesystem::path(m_folder.Path(name)).parent_path());
+        std::filesystem::copy_file(Program(), m_folder.Path(name));
+        return m_folder.Path(name);
     }
-    static KxPlat::WindowFacts Titled(const wchar_t* title)
-    {
-        KxPlat::WindowFacts facts;
-        facts.title = title;
-        return facts;
-    }
+    std::wstring Log(const wchar_t* name) const { return m_folder.DrivePath(name); }
+
     TempFolder m_folder;
+    KxTest::WindowPlace m_place{m_folder.Path("windows")};
+    KxTest::Variable m_temp{KxTest::kTempVariable, m_folder.Path()};
 };
 
 TEST_F(CadWindows, AreFoundByTitle)
@@ -76,8 +106,8 @@ TEST_F(CadWindows, AreFoundByTitle)
     EXPECT_EQ(GetAutoCadWnd(window, release, 0), 0);
     EXPECT_EQ(window, nullptr);
     EXPECT_EQ(release, 0);
-    const WindowServer other(Titled(L"Notes"), m_folder.Path("log1"));
-    const WindowServer cad(Titled(L"AutoCAD 2012 - [墙.dwg]"), m_folder.Path("log2"));
+    const WindowProgram other(Program(), L"Notes", Log(L"log1"));
+    const WindowProgram cad(Program(), L"AutoCAD 2012 - [墙.dwg]", Log(L"log2"));
     EXPECT_EQ(GetAutoCadWnd(window, release, 0), 1);
     EXPECT_EQ(release, 182);
     DWORD process = 0;
@@ -87,9 +117,41 @@ TEST_F(CadWindows, AreFoundByTitle)
     EXPECT_EQ(GetAutoCadWnd(window, release, 0x10000), 1) << "the mode has 16 bits";
 }
 
+TEST_F(CadWindows, AreFoundByProgram)
+{
+    HWND window = nullptr;
+    int release = 0;
+    const WindowProgram titled(Program(), L"AutoCAD 2009", Log(L"log1"));
+    const WindowProgram cad(CopiedTo("bin/ACAD.exe"), L"anything", Log(L"log2"));
+    ASSERT_EQ(GetAutoCadWnd(window, release, 1), 1);
+    EXPECT_EQ(release, 182) << "the version resource says 18.2";
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    EXPECT_EQ(process, cad.Process());
+    CString handle;
+    handle.Format(L"%x", static_cast<unsigned>(reinterpret_cast<uintptr_t>(window)));
+    const std::string written = m_folder.Read("ToolBoxSelectCAD~.txt");
+    EXPECT_EQ(std::wstring(written.begin(), written.end()), handle.GetString());
+    EXPECT_EQ(GetAutoCadWnd(window, release, 0), 1);
+    EXPECT_EQ(release, 172) << "by title the other one is found";
+}
+
+TEST_F(CadWindows, AProgramWithoutAVersionIsPassedOver)
+{
+    HWND window = nullptr;
+    int release = 0;
+    const std::filesystem::path file = CopiedTo("bin/acad.exe");
+    const WindowProgram cad(file, L"AutoCAD 2012", Log(L"log"));
+    std::error_code ignored;
+    std::filesystem::rename(file, m_folder.Path("bin/old.exe"), ignored);
+    if (std::filesystem::exists(file))
+        GTEST_SKIP() << "a running program's file cannot be moved here";
+    EXPECT_EQ(GetAutoCadWnd(window, release, 1), 0);
+}
+
 TEST_F(CadWindows, TextsAreSentInTwoForms)
 {
-    const WindowServer server(Titled(L"AutoCAD 2012"), m_folder.Path("log"));
+    const WindowProgram server(Program(), L"AutoCAD 2012", Log(L"log"));
     HWND window = nullptr;
     int release = 0;
     ASSERT_EQ(GetAutoCadWnd(window, release, 0), 1);
@@ -98,13 +160,21 @@ TEST_F(CadWindows, TextsAreSentInTwoForms)
         EXPECT_EQ(SendStrCopyDataToWnd(window, text, wide), 41) << "the number of the data is 1";
         return m_folder.Read("log");
     };
-    EXPECT_EQ(sent(L"墙a", 0), std::string("墙a\0\0", 6));
+    EXPECT_EQ(sent(L"ab", 0), std::string("ab\0\0", 4));
     EXPECT_EQ(sent(L"", 0), std::string("\0\0", 2));
     EXPECT_EQ(sent(nullptr, 0), std::string("\0\0", 2));
     const wchar_t text[] = L"LINE 0,0 ";
     EXPECT_EQ(sent(text, 1), std::string(reinterpret_cast<const char*>(text), 10)) << "ten characters, as bytes";
-    const AnsiPage page(936);
-    EXPECT_EQ(sent(L"墙", 0), std::string("\xC7\xBD\0\0", 4));
+    static const struct {
+        unsigned page;
+        const char* bytes;
+    } rows[] = {{936, "\xC7\xBD"}, {65001, "墙"}, {1252, "?"}};
+    for (const auto& row : rows) {
+        const AnsiPage page(row.page);
+        if (!page.IsSet())
+            continue;
+        EXPECT_EQ(sent(L"墙", 0), row.bytes + std::string(2, '\0'));
+    }
     EXPECT_EQ(SendStrCopyDataToWnd(nullptr, L"x", 0), 0);
 }
 

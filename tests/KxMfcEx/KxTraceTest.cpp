@@ -1,10 +1,11 @@
 #include "KxMfcEx/KxTrace.h"
+#include "KxMfcEx/StrFunLib.h"
+#include "KxMfcEx/StrUtils.h"
+#include "support/DebugOutput.h"
 #include "support/TempFolder.h"
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <map>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <memory>
 
 namespace {
 
@@ -19,6 +20,20 @@ std::string Units(const std::u16string& text)
     for (char16_t unit : text)
         (bytes += static_cast<char>(unit & 0xFF)) += static_cast<char>(unit >> 8);
     return bytes;
+}
+
+// A running program of the tests; the caller closes the handle.
+HANDLE Started(CString commandLine)
+{
+    STARTUPINFOW start = {};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION info = {};
+    commandLine = CStrFunLib::GetCurExeRunPath() + commandLine;
+    EXPECT_TRUE(
+        CreateProcessW(nullptr, commandLine.GetBuffer(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &info))
+        << GetLastError();
+    CloseHandle(info.hThread);
+    return info.hProcess;
 }
 
 // Every test starts with the defaults and a log file of its own.
@@ -98,26 +113,30 @@ TEST_F(Trace, TheDebuggerHearsWhatNoFileTakes)
     for (const Row& row : rows) {
         SCOPED_TRACE(testing::PrintToString(row.file));
         CKxTrace::m_strFileName = row.file.c_str();
-        testing::internal::CaptureStderr();
+        KxTest::DebugOutput output;
         CKxTrace(kSource, 42)(L"墙=%d\n", 5);
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), "mod.cpp(42) : 墙=5\n");
+        char* expected = nullptr;
+        Str_WideCharToMultiByte(L"mod.cpp(42) : 墙=5\n", expected);
+        const std::unique_ptr<char[]> owner(expected);
+        EXPECT_EQ(output.Text(), expected);
     }
 }
 
 TEST_F(Trace, ProcessesShareOneLog)
 {
     constexpr int kProcesses = 4, kMessages = 10000;
-    for (int process = 0; process < kProcesses; ++process) {
-        if (fork() == 0) {
-            for (int i = 0; i < kMessages; ++i)
-                CKxTrace(kSource, process)(L"%d %s\n", i, std::wstring(size_t(i % 60), L'a' + process).c_str());
-            _exit(0);
-        }
+    std::vector<HANDLE> processes;
+    for (int i = 0; i < kProcesses; ++i) {
+        CString line;
+        line.Format(L"TraceProgram \"%s\" %d %d", CKxTrace::m_strFileName.GetString(), i, kMessages);
+        processes.push_back(Started(line));
     }
-    for (int process = 0; process < kProcesses; ++process) {
-        int status = 0;
-        wait(&status);
-        EXPECT_EQ(status, 0);
+    for (HANDLE process : processes) {
+        DWORD code = 1;
+        EXPECT_EQ(WaitForSingleObject(process, 120000), WAIT_OBJECT_0);
+        EXPECT_TRUE(GetExitCodeProcess(process, &code));
+        EXPECT_EQ(code, 0u);
+        CloseHandle(process);
     }
     std::string text;
     const std::string bytes = m_folder.Read("log.txt");

@@ -1,32 +1,31 @@
 #include "KxMfcEx/Products.h"
 #include "KxMfcEx/Launch.h"
 #include "KxMfcEx/RegistrySearch.h"
-#include "support/TempFolder.h"
-#include "win/CodePage.h"
-#include <cstdlib>
+#include "support/ArgumentProgram.h"
+#include "support/DriveC.h"
+#include "support/TestRegistry.h"
 #include <gtest/gtest.h>
 
 namespace {
 
 using namespace KxMfcEx;
+using KxTest::DriveC;
 using KxTest::TempFolder;
+using KxTest::TestRegistry;
+using KxTest::Variable;
 
 // A drive C: with three programs that write down their arguments, and a registry that tells of two of them.
 class Products : public testing::Test {
 protected:
     void SetUp() override
     {
-        setenv("KX_DRIVE_C", m_folder.Path("c").c_str(), 1);
-        setenv("KX_REGISTRY", m_folder.Path("t.reg").c_str(), 1);
-        setenv("TMPDIR", m_folder.Path("tmp").c_str(), 1);
-        for (const char* name : {"c/Acad2008/Support", "c/Acad2012", "c/Civil/Support", "c/Kx", "tmp"})
-            std::filesystem::create_directories(m_folder.Path(name));
-        for (const char* name : {"c/Acad2008/acad.exe", "c/Acad2012/acad.exe", "c/Civil/acad.exe", "c/Kx/kxcad"})
-            Program(name);
-        m_folder.Write("c/start.scr", "");
-        m_folder.Write("t.reg", R"(Windows Registry Editor Version 5.00
-
-[HKEY_CURRENT_USER\SOFTWARE\Autodesk\AutoCAD\R17.1\ACAD-6000:804\Profiles\Civil\General]
+        for (const char* name : {"Acad2008/Support", "Acad2012", "Civil/Support", "Kx"})
+            m_drive.MakeFolder(name);
+        std::filesystem::create_directories(m_folder.Path("tmp"));
+        for (const char* name : {"Acad2008/acad.exe", "Acad2012/acad.exe", "Civil/acad.exe", "Kx/kxcad"})
+            KxTest::InstallArgumentProgram(m_drive.Path(name));
+        m_drive.Write("start.scr", "");
+        m_registry.Import(R"([HKEY_CURRENT_USER\SOFTWARE\Autodesk\AutoCAD\R17.1\ACAD-6000:804\Profiles\Civil\General]
 "ACAD"="C:\\Civil\\Support"
 [HKEY_CURRENT_USER\SOFTWARE\Autodesk\AutoCAD\R17.1\ACAD-6001:804\Profiles]
 @="Architect"
@@ -43,19 +42,7 @@ protected:
 "Location"="C:\\none"
 )");
     }
-    void TearDown() override
-    {
-        SetPendingProfile(L"", L"");
-        for (const char* name : {"KX_DRIVE_C", "KX_REGISTRY", "TMPDIR"})
-            unsetenv(name);
-    }
-    void Program(const char* name)
-    {
-        const std::string log = m_folder.Path("log");
-        const std::string file = m_folder.Write(name, "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + log + ".new'\nmv '" +
-                                                          log + ".new' '" + log + "'\n");
-        std::filesystem::permissions(file, std::filesystem::perms::owner_all);
-    }
+    void TearDown() override { SetPendingProfile(L"", L""); }
     // What the started program was given, one argument a line.
     std::string Arguments()
     {
@@ -67,6 +54,10 @@ protected:
     }
 
     TempFolder m_folder;
+    DriveC m_drive;
+    TestRegistry m_registry;
+    Variable m_temp = {KxTest::kTempVariable, m_folder.Path("tmp")};
+    Variable m_log = {"KX_TEST_LOG", m_folder.Path("log")};
 };
 
 TEST_F(Products, AreFoundByTheirPrograms)
@@ -109,11 +100,9 @@ TEST_F(Products, TheSearchTakesTheFirstAcceptedValue)
         s_asked.push_back(std::wstring(path) + L"=" + data);
         return 0;
     };
-    m_folder.Write("t.reg", R"(Windows Registry Editor Version 5.00
-
-[HKEY_CURRENT_USER\Top]
-"b"="long text"
-"A"="own"
+    m_registry.Import(R"([HKEY_CURRENT_USER\Top]
+"A"="long text"
+"B"="own"
 [HKEY_CURRENT_USER\Top\K1]
 "a"="first"
 [HKEY_CURRENT_USER\Top\K2\K3]
@@ -128,20 +117,21 @@ TEST_F(Products, TheSearchTakesTheFirstAcceptedValue)
     EXPECT_EQ(Reg_GetFirstSuiteNameValueData(key, names, &type, data, &size, nullptr), 0) << "no name";
     names.Add(L"a");
     EXPECT_EQ(Reg_GetFirstSuiteNameValueData(key, names, &type, data, &size, nullptr), 1);
-    EXPECT_STREQ(text, L"own") << "the key's own value comes first";
-    EXPECT_EQ(size, 4 * sizeof text[0]);
+    EXPECT_STREQ(text, L"long text") << "the key's own value comes first";
+    EXPECT_EQ(size, 10 * sizeof text[0]);
     s_asked.clear();
     size = sizeof text;
     names.Add(L"B");
     EXPECT_EQ(Reg_GetFirstSuiteNameValueData(key, names, &type, data, &size, refuse), 0);
-    EXPECT_EQ(s_asked, (std::vector<std::wstring>{L"\\b=long text", L"\\A=own", L"K1\\\\a=first", L"K2\\K3\\\\a=A"}));
+    EXPECT_EQ(s_asked, (std::vector<std::wstring>{L"\\A=long text", L"\\B=own", L"K1\\\\a=first", L"K2\\K3\\\\a=A"}));
     s_asked.clear();
     size = sizeof text;
     EXPECT_EQ(Reg_GetFirstSuiteNameValueData(key, names, &type, data, &size, refuse), 0);
     EXPECT_EQ(s_asked.size(), 4u) << "the path starts empty again";
-    m_folder.Write("t.reg",
-                   "Windows Registry Editor Version 5.00\n[HKEY_CURRENT_USER\\Top]\n\"a\"=\"x\"\n\"b\"=\"longer\"\n"
-                   "[HKEY_CURRENT_USER\\Top\\K]\n\"b\"=\"below\"\n");
+    RegCloseKey(key);
+    m_registry.Import("[HKEY_CURRENT_USER\\Top]\n\"a\"=\"x\"\n\"b\"=\"longer\"\n"
+                      "[HKEY_CURRENT_USER\\Top\\K]\n\"b\"=\"below\"\n");
+    ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"Top", 0, KEY_READ, &key), 0);
     s_asked.clear();
     size = sizeof text;
     EXPECT_EQ(Reg_GetFirstSuiteNameValueData(key, names, &type, data, &size, refuse), 0);
@@ -240,7 +230,7 @@ TEST_F(Products, ModulesAreLoadedByAScript)
     EXPECT_EQ(m_folder.Read("tmp/RunCad.SCR"), "(arxload \"C:/Kx/Mod.arx\")(princ)\r\n");
     wchar_t temp[MAX_PATH];
     GetTempPathW(MAX_PATH, temp);
-    EXPECT_EQ(Arguments(), "/b\n" + KxPlat::ToUtf8(temp) + "RunCad.SCR\n");
+    EXPECT_EQ(Arguments(), "/b\n" + std::string(temp, temp + std::wcslen(temp)) + "RunCad.SCR\n");
     EXPECT_EQ(RunAutoCadWithArx(171, nullptr, nullptr, 1, nullptr), 0) << "no script";
     std::filesystem::remove_all(m_folder.Path("tmp"));
     EXPECT_EQ(RunAutoCadWithArx(171, L"C:\\Kx\\Mod.arx", nullptr, 1, nullptr), 0) << "no folder for the script";

@@ -233,6 +233,8 @@ TEST(StrFunLib, TrimmingNeverHalvesACharacter)
     for (const Row& row : rows) {
         SCOPED_TRACE(std::string(row.text) + " " + std::to_string(row.count));
         const AnsiPage page(row.page);
+        if (!page.IsSet())
+            continue;
         char buffer[32];
         EXPECT_STREQ(CStrFunLib::StrTrimValid(std::strcpy(buffer, row.text), row.count), row.front);
         EXPECT_STREQ(CStrFunLib::StrTrimReverseValid(std::strcpy(buffer, row.text), row.count), row.end);
@@ -339,14 +341,16 @@ TEST(StrFunLib, PartsOfFileNames)
                  {std::wstring(256, L'a'), 0}};
     for (const auto& row : names)
         EXPECT_EQ(CStrFunLib::checkFileName(row.name.c_str()), row.answer) << testing::PrintToString(row.name);
-    EXPECT_TRUE(GetFileAttributesW(CStrFunLib::GetCurExeRunPath() + L"test_KxMfcEx") != INVALID_FILE_ATTRIBUTES);
+    wchar_t own[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, own, MAX_PATH);
+    EXPECT_STREQ(CStrFunLib::GetCurExeRunPath() + CStrFunLib::GetFileName(own), own);
 }
 
 TEST(StrFunLib, SearchesFolders)
 {
     const TempFolder folder;
     std::filesystem::create_directories(folder.Path("Wand/innen"));
-    std::filesystem::create_directory_symlink(folder.Path(), folder.Path("Wand/wandkreis"));
+    const bool isLinked = KxTest::LinkFolder(folder.Path(), folder.Path("Wand/wandkreis"));
     for (const char* name : {"wand1.dwg", "x.dwg", "Wand/INNENWAND.dxf"})
         folder.Write(name, "x");
     const auto search = [&](const std::wstring& where, const wchar_t* part, int subFolders) {
@@ -361,8 +365,10 @@ TEST(StrFunLib, SearchesFolders)
         return names;
     };
     EXPECT_EQ(search(folder.DrivePath(), L"WAND", 0), (Texts{L"\\Wand", L"\\wand1.dwg"}));
-    EXPECT_EQ(search(folder.DrivePath() + L"\\", L"WAND", 1),
-              (Texts{L"\\Wand", L"\\Wand\\INNENWAND.dxf", L"\\Wand\\wandkreis", L"\\wand1.dwg"}));
+    Texts deep = {L"\\Wand", L"\\Wand\\INNENWAND.dxf", L"\\wand1.dwg"};
+    if (isLinked)
+        deep.insert(deep.end() - 1, L"\\Wand\\wandkreis");
+    EXPECT_EQ(search(folder.DrivePath() + L"\\", L"WAND", 1), deep);
     EXPECT_EQ(search(folder.DrivePath(), L"", 0).size(), 3u);
     EXPECT_EQ(search(folder.DrivePath(L"none"), L"a", 1), Texts());
     const Array paths({L"C:\\Kx", L"c:\\kx\\Support\\", L"C:\\kx\\support"});

@@ -2,15 +2,19 @@
 #include "KxMfcEx/Folders.h"
 #include "KxMfcEx/Processes.h"
 #include "KxMfcEx/StrUtils.h"
+#include "support/AnsiPage.h"
+#include "support/DriveC.h"
 #include "support/ProgramFile.h"
 #include "support/TempFolder.h"
-#include <cstdlib>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <memory>
 
 namespace {
 
 using namespace KxMfcEx;
+using KxTest::AnsiPage;
+using KxTest::DriveC;
 using KxTest::TempFolder;
 
 TEST(FileVersion, ReadsTextsAndNumbers)
@@ -79,28 +83,19 @@ TEST(FileVersion, AFileWithoutTranslationIsRefused)
     EXPECT_STREQ(version.GetFixedFileVersion(), L"");
 }
 
-// Works in a folder of its own, which is also drive C:.
 class MakeDirTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        setenv("KX_DRIVE_C", m_folder.Path("drive_c").c_str(), 1);
-        std::filesystem::create_directories(m_folder.Path("drive_c/a"));
-        m_folder.Write("drive_c/file", "x");
+        m_drive.MakeFolder("a");
+        m_drive.Write("file", "x");
         _wgetcwd(m_before, MAX_PATH);
         _wchdir(L"C:\\");
     }
-    void TearDown() override
-    {
-        _wchdir(m_before);
-        unsetenv("KX_DRIVE_C");
-    }
-    bool IsFolder(const std::string& name) const
-    {
-        return std::filesystem::is_directory(m_folder.Path("drive_c/" + name));
-    }
+    void TearDown() override { _wchdir(m_before); }
+    bool IsFolder(const std::string& name) const { return std::filesystem::is_directory(m_drive.Path(name)); }
 
-    TempFolder m_folder;
+    DriveC m_drive;
     wchar_t m_before[MAX_PATH] = {};
 };
 
@@ -151,8 +146,7 @@ TEST(Processes, OwnPathInDriveForm)
 
 TEST(Processes, DevicesBecomeDrives)
 {
-    const TempFolder folder;
-    setenv("KX_DRIVE_C", folder.Path("drive_c").c_str(), 1);
+    const DriveC drive;
     struct Row {
         const wchar_t *device, *path;
         int answer;
@@ -169,7 +163,6 @@ TEST(Processes, DevicesBecomeDrives)
     wchar_t out[MAX_PATH] = {};
     EXPECT_EQ(DosPathToNtPath(nullptr, out), 0);
     EXPECT_EQ(DosPathToNtPath(L"x", nullptr), 0);
-    unsetenv("KX_DRIVE_C");
 }
 
 TEST(Processes, A64BitProcessIsNoGuest)
@@ -195,14 +188,28 @@ TEST(StrUtils, NumbersOfEveryRadix)
 
 TEST(StrUtils, ConvertsIntoNewArrays)
 {
+    struct Row {
+        unsigned page;
+        const char* bytes;
+        const wchar_t* text;
+    };
+    static const Row rows[] = {
+        {65001, "墙 a", L"墙 a"}, {936, "\xC7\xBD a", L"墙 a"}, {1252, "\xC7\xE9", L"Çé"}, {1252, "", L""}};
+    for (const Row& row : rows) {
+        const AnsiPage page(row.page);
+        if (!page.IsSet())
+            continue;
+        wchar_t* wide = nullptr;
+        EXPECT_EQ(Str_MultiByteToWideChar(row.bytes, wide), int(std::wcslen(row.text)) + 1);
+        const std::unique_ptr<wchar_t[]> wideOwner(wide);
+        EXPECT_STREQ(wide, row.text);
+        char* narrow = nullptr;
+        EXPECT_EQ(Str_WideCharToMultiByte(row.text, narrow), int(std::strlen(row.bytes)) + 1);
+        const std::unique_ptr<char[]> narrowOwner(narrow);
+        EXPECT_STREQ(narrow, row.bytes);
+    }
     wchar_t* wide = nullptr;
-    EXPECT_EQ(Str_MultiByteToWideChar("墙 a", wide), 4);
-    const std::unique_ptr<wchar_t[]> wideOwner(wide);
-    EXPECT_STREQ(wide, L"墙 a");
     char* narrow = nullptr;
-    EXPECT_EQ(Str_WideCharToMultiByte(L"墙 a", narrow), 6);
-    const std::unique_ptr<char[]> narrowOwner(narrow);
-    EXPECT_STREQ(narrow, "墙 a");
     EXPECT_EQ(Str_MultiByteToWideChar(nullptr, wide), 0);
     EXPECT_EQ(wide, nullptr);
     EXPECT_EQ(Str_WideCharToMultiByte(nullptr, narrow), 0);

@@ -1,5 +1,6 @@
 // A folder of its own for one test, removed with all in it.
 #pragma once
+#include "support/TestSystem.h"
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -32,19 +33,16 @@ public:
     // The same in drive form.
     std::wstring DrivePath(const std::wstring& name = L"") const
     {
-        std::wstring path = L"Z:" + m_path.wstring() + (name.empty() ? L"" : L"\\" + name);
-        for (wchar_t& character : path)
-            character = character == L'/' ? L'\\' : character;
-        return path;
+        return DriveForm(m_path) + (name.empty() ? L"" : L"\\" + name);
     }
     std::string Write(const std::string& name, const std::string& bytes) const
     {
-        std::ofstream(Path(name), std::ios::binary) << bytes;
+        std::ofstream(m_path / name, std::ios::binary) << bytes;
         return Path(name);
     }
     std::string Read(const std::string& name) const
     {
-        std::ifstream in(Path(name), std::ios::binary);
+        std::ifstream in(m_path / name, std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(in), {});
     }
 

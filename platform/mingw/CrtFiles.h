@@ -1,0 +1,3 @@
+// Files of the C runtime.
+#pragma once
+#include "KxWinTypes.h"

@@ -1,0 +1,5 @@
+// A module with nothing in it.
+extern "C" __declspec(dllexport) int probe()
+{
+    return 1;
+}
