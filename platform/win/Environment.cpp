@@ -2,6 +2,7 @@
 #include "CharTables.h"
 #include "CodePage.h"
 #include "Files.h"
+#include "WinAnswer.h"
 #include <algorithm>
 #include <cstdlib>
 #include <optional>
@@ -51,4 +52,12 @@ DWORD ExpandEnvironmentStringsW(LPCWSTR text, LPWSTR buffer, DWORD size)
     if (buffer != nullptr && expanded.size() < size)
         std::copy_n(expanded.c_str(), expanded.size() + 1, buffer);
     return static_cast<DWORD>(expanded.size() + 1);
+}
+
+DWORD GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size)
+{
+    const std::optional<std::wstring> value = KxPlat::Variable(name != nullptr ? name : L"");
+    if (!value)
+        return static_cast<DWORD>(KxPlat::FailWith(ERROR_ENVVAR_NOT_FOUND));
+    return KxPlat::AnswerText(value->c_str(), value->size(), buffer, size);
 }

@@ -36,6 +36,10 @@ PublishedWindow::~PublishedWindow()
         return;
     OwnWindows().erase(m_handle);
     EraseWindow(m_handle);
+    if (!OwnWindows().empty())
+        return;
+    StopListening();
+    DropLifeMark();
 }
 
 void PublishedWindow::SetTitle(const std::wstring& title)

@@ -14,6 +14,7 @@ BOOL SetCurrentDirectoryW(LPCWSTR path);
 DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer);
 DWORD GetFileAttributesW(LPCWSTR file);
 BOOL DeleteFileW(LPCWSTR file);
-// Goes to standard error; KX_DEBUG_OUTPUT names a local datagram socket to send to instead, "none" drops it.
+// Goes to the user's viewer (kxcad --debug-output), without one to standard error. KX_DEBUG_OUTPUT names the socket of
+// another viewer, which alone gets it then; "none" drops it.
 void OutputDebugStringW(LPCWSTR text);
 }

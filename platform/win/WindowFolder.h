@@ -23,6 +23,7 @@ std::vector<HWND> AllWindows();
 
 // A process lives as long as it holds its mark. What a dead process left behind is removed by who meets it.
 bool HoldLifeMark();
+void DropLifeMark();   // with all files of this process
 bool IsAlive(DWORD processId);
 
 }   // namespace KxPlat

@@ -21,5 +21,6 @@ LRESULT CallWindow(const WindowMessage& message);
 DWORD Transmit(const WindowMessage& message, DWORD milliseconds, LRESULT& answer);
 // Starts to listen for messages to this process; false when it cannot.
 bool Listen();
+void StopListening();
 
 }   // namespace KxPlat

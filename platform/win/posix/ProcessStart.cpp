@@ -71,6 +71,15 @@ private:
 // The main thread of a started process; its handle is there to be closed.
 class StartedThread : public KxPlat::KernelObject {};
 
+// A started program has its own window: it neither reads what is typed here nor ends with this terminal.
+void Detach()
+{
+    const int nothing = open("/dev/null", O_RDONLY | O_CLOEXEC);
+    if (nothing >= 0)
+        dup2(nothing, STDIN_FILENO);
+    setsid();
+}
+
 // Reports the error of an exec that failed through a pipe, which a successful one closes.
 pid_t Start(const std::string& program, const std::vector<std::string>& words, const std::string& folder, int& error)
 {
@@ -85,6 +94,7 @@ pid_t Start(const std::string& program, const std::vector<std::string>& words, c
     }
     const pid_t id = fork();
     if (id == 0) {
+        Detach();
         if (folder.empty() || chdir(folder.c_str()) == 0)
             execv(program.c_str(), arguments.data());
         const int failure = errno;

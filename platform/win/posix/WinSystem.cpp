@@ -1,36 +1,14 @@
 #include "../WinSystem.h"
 #include "../CodePage.h"
+#include "../DebugOutput.h"
 #include "../Files.h"
 #include "../WinAnswer.h"
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <ctime>
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
-
-namespace {
-
-void SendToSocket(const std::string& name, const std::string& text)
-{
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    if (name.size() >= sizeof address.sun_path)
-        return;
-    std::memcpy(address.sun_path, name.c_str(), name.size());
-    const int file = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-    if (file < 0)
-        return;
-    // A viewer that does not read must not hold up the program: what it cannot take is lost.
-    sendto(file, text.data(), text.size(), MSG_DONTWAIT | MSG_NOSIGNAL, reinterpret_cast<sockaddr*>(&address),
-           sizeof address);
-    close(file);
-}
-
-}   // namespace
 
 void Sleep(DWORD milliseconds)
 {
@@ -111,11 +89,9 @@ void OutputDebugStringW(LPCWSTR text)
 {
     const std::string bytes = KxPlat::ToUtf8(text != nullptr ? text : L"");
     const char* wanted = std::getenv("KX_DEBUG_OUTPUT");
-    const std::string target = wanted != nullptr ? wanted : "";
-    if (target == "none")
+    const bool isNamed = wanted != nullptr && *wanted != 0;
+    if (isNamed && std::string_view(wanted) == "none")
         return;
-    if (target.empty())
+    if (!KxPlat::SendToDebugViewer(KxPlat::DebugSocketFile(), bytes) && !isNamed)
         std::fwrite(bytes.data(), 1, bytes.size(), stderr);
-    else
-        SendToSocket(target, bytes);
 }

@@ -56,6 +56,17 @@ int OpenMark(const std::string& name)
     return -1;
 }
 
+struct Mark {
+    int file = -1;
+    DWORD holder = 0;
+};
+
+Mark& TheMark()
+{
+    static Mark mark;
+    return mark;
+}
+
 // A line end in a title would end its line.
 std::string Line(const std::wstring& text)
 {
@@ -94,8 +105,7 @@ std::string WindowSocketFile(DWORD processId)
 
 bool HoldLifeMark()
 {
-    static int held = -1;
-    static DWORD holder = 0;
+    auto& [held, holder] = TheMark();
     if (holder == OwnProcessId())
         return true;
     mkdir(WindowFolder().c_str(), 0700);
@@ -112,6 +122,15 @@ bool HoldLifeMark()
         return false;
     holder = OwnProcessId();
     return true;
+}
+
+void DropLifeMark()
+{
+    if (TheMark().holder != OwnProcessId())
+        return;
+    RemoveAllOf(OwnProcessId());
+    close(TheMark().file);
+    TheMark() = Mark();
 }
 
 bool IsAlive(DWORD processId)

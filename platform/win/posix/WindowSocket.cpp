@@ -153,6 +153,14 @@ bool Listen()
     return true;
 }
 
+void StopListening()
+{
+    Listener& listener = TheListener();
+    if (listener.process == OwnProcessId())
+        close(listener.socket);
+    listener = Listener();
+}
+
 int WindowSocket()
 {
     return TheListener().process == OwnProcessId() ? TheListener().socket : -1;

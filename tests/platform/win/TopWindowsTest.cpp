@@ -166,6 +166,9 @@ TEST_F(TopWindows, OwnOnesAreCalledAtOnce)
         EXPECT_EQ(All().size(), 2u);
     }
     EXPECT_TRUE(All().empty());
+    EXPECT_TRUE(std::filesystem::is_empty(m_folder.Path("windows"))) << "the last window takes everything along";
+    const KxPlat::PublishedWindow again(Titled(L"c"), procedure);
+    EXPECT_EQ(All().size(), 1u);
 }
 
 TEST_F(TopWindows, AFolderOfOthersIsNotTrusted)
