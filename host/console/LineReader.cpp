@@ -1,12 +1,13 @@
 #include "LineReader.h"
+#include "StateFolder.h"
+#include "win/CodePage.h"
 #include "win/Terminal.h"
-#include <cerrno>
+#include <climits>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <editline/readline.h>
-#include <filesystem>
 
 namespace KxConsole {
 
@@ -37,19 +38,46 @@ char** Complete(const char* text, int start, int)
     return g_completion.isCommand && start == 0 ? rl_completion_matches(text, NextCompletion) : nullptr;
 }
 
-std::string HistoryFile()
+// The line that is being edited, across the messages that break it off.
+struct Typing {
+    std::wstring again;   // typed before the last message, to be shown again
+    bool isWoken = false;
+};
+Typing g_typing;
+
+// The bytes of one character, as many as its first one says.
+int ReadCharacter()
 {
-    const char* state = std::getenv("XDG_STATE_HOME");
-    const char* home = std::getenv("HOME");
-    if ((state == nullptr || *state == 0) && (home == nullptr || *home == 0))
-        return std::string();
-    const std::filesystem::path folder =
-        std::filesystem::path(state != nullptr && *state != 0 ? std::string(state)
-                                                              : std::string(home) + "/.local/state") /
-        "kxcad";
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    return error ? std::string() : (folder / "history").string();
+    char bytes[4] = {};
+    if (KxPlat::ReadStandardInput(bytes, 1) == 0)
+        return EOF;
+    const auto first = static_cast<unsigned char>(bytes[0]);
+    const size_t length = first < 0xC0 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+    for (size_t i = 1; i < length; ++i)
+        if (KxPlat::ReadStandardInput(bytes + i, 1) == 0)
+            return EOF;
+    const std::wstring text = KxPlat::FromUtf8(std::string_view(bytes, length));
+    return text.empty() ? 0xFFFD : static_cast<int>(text[0]);
+}
+
+// The line editor's next character. To it, a message ends the input.
+int NextCharacter(FILE*)
+{
+    if (!g_typing.again.empty()) {
+        const wchar_t character = g_typing.again.front();
+        g_typing.again.erase(0, 1);
+        return static_cast<int>(character);
+    }
+    const KxPlat::Wake wake = KxPlat::WaitForInput(true);
+    if (wake == KxPlat::Wake::Input)
+        return ReadCharacter();
+    g_typing.isWoken = wake == KxPlat::Wake::Message;
+    if (g_typing.isWoken) {
+        char* typed = rl_copy_text(0, INT_MAX / 2);
+        g_typing.again = KxPlat::FromUtf8(typed != nullptr ? typed : "");
+        std::free(typed);
+    }
+    return EOF;
 }
 
 }   // namespace
@@ -62,10 +90,12 @@ LineReader::LineReader(std::function<std::vector<std::string>(const std::string&
     if (!m_isTerminal)
         return;
     std::setlocale(LC_CTYPE, "C.UTF-8");
+    rl_getc_function = NextCharacter;
     using_history();
     stifle_history(1000);
     rl_attempted_completion_function = Complete;
-    m_historyFile = HistoryFile();
+    const std::string folder = StateFolder();
+    m_historyFile = folder.empty() ? folder : folder + "/history";
     if (!m_historyFile.empty())
         read_history(m_historyFile.c_str());
 }
@@ -87,13 +117,14 @@ LineReader::Result LineReader::Read(const std::string& prompt, bool isCommand, s
 
 LineReader::Result LineReader::ReadEdited(const std::string& prompt, std::string& line)
 {
+    g_typing.isWoken = false;
     char* text = readline(prompt.c_str());
     if (KxPlat::TakeInterrupt()) {
         std::free(text);
         return Result::Interrupted;
     }
     if (text == nullptr)
-        return Result::End;
+        return g_typing.isWoken ? Result::Message : Result::End;
     line = text;
     std::free(text);
     if (!line.empty())
@@ -104,20 +135,26 @@ LineReader::Result LineReader::ReadEdited(const std::string& prompt, std::string
 LineReader::Result LineReader::ReadPlain(std::string& line)
 {
     for (;;) {
-        const int c = std::getc(stdin);
-        if (c == '\n')
+        const size_t lineEnd = m_ahead.find('\n');
+        if (lineEnd != std::string::npos || (m_hasEnded && !m_ahead.empty())) {
+            line = m_ahead.substr(0, lineEnd);
+            m_ahead.erase(0, lineEnd == std::string::npos ? lineEnd : lineEnd + 1);
+            std::erase(line, '\r');
             return Result::Line;
-        if (c == EOF) {
-            if (std::ferror(stdin) != 0 && errno == EINTR) {
-                std::clearerr(stdin);
-                if (KxPlat::TakeInterrupt())
-                    return Result::Interrupted;
-                continue;
-            }
-            return line.empty() ? Result::End : Result::Line;
         }
-        if (c != '\r')
-            line += char(c);
+        if (m_hasEnded && !m_staysOpen)
+            return Result::End;
+        const KxPlat::Wake wake = KxPlat::WaitForInput(!m_hasEnded);
+        if (wake == KxPlat::Wake::Message)
+            return Result::Message;
+        if (wake == KxPlat::Wake::Interrupt) {
+            KxPlat::TakeInterrupt();
+            return m_hasEnded ? Result::End : Result::Interrupted;
+        }
+        char piece[4096];
+        const size_t size = KxPlat::ReadStandardInput(piece, sizeof piece);
+        m_ahead.append(piece, size);
+        m_hasEnded = size == 0;
     }
 }
 

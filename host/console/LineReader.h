@@ -1,4 +1,5 @@
-// Reads one line at a time: with editing, history and completion on a terminal, plainly from anything else.
+// Reads one line at a time: with editing, history and completion on a terminal, plainly from anything else. Meanwhile
+// messages to the program's windows wake it.
 #pragma once
 #include <functional>
 #include <string>
@@ -8,7 +9,7 @@ namespace KxConsole {
 
 class LineReader {
 public:
-    enum class Result { Line, Interrupted, End };
+    enum class Result { Line, Interrupted, Message, End };
 
     // `complete` gives the command names that begin with a text.
     explicit LineReader(std::function<std::vector<std::string>(const std::string&)> complete);
@@ -16,7 +17,10 @@ public:
     LineReader(const LineReader&) = delete;
 
     bool IsTerminal() const { return m_isTerminal; }
-    // `prompt` stands in one line. Completion is offered where a command is asked for.
+    // From now on the end of a file or pipe is no end: messages may still come, until Ctrl-C.
+    void StayOpen() { m_staysOpen = true; }
+    // `prompt` stands in one line. Completion is offered where a command is asked for. After Message nothing is lost of
+    // what was typed: the next call goes on with it.
     Result Read(const std::string& prompt, bool isCommand, std::string& line);
 
 private:
@@ -24,6 +28,9 @@ private:
     Result ReadEdited(const std::string& prompt, std::string& line);
 
     bool m_isTerminal;
+    bool m_staysOpen = false;
+    bool m_hasEnded = false;
+    std::string m_ahead;   // read from a file or pipe, not yet handed out
     std::string m_historyFile;
 };
 

@@ -1,15 +1,21 @@
 // kxcad: opens a drawing, loads modules, runs commands, saves.
 #include "ap/Documents.h"
+#include "DebugOutput.h"
 #include "ed/acedads.h"
 #include "ed/Session.h"
+#include "HostWindow.h"
+#include "Installation.h"
 #include "Options.h"
+#include "StateFolder.h"
 #include "TerminalUi.h"
 #include "win/CodePage.h"
+#include "win/Environment.h"
 #include "win/Files.h"
 #include "win/Format.h"
 #include "win/Modules.h"
 #include "win/OwnVersion.h"
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
 #include <iterator>
 
@@ -31,10 +37,19 @@ enum ExitStatus { kDone = 0, kCommandFailed = 1, kWrongUsage = 2, kUnreadable = 
 
 class Program {
 public:
-    explicit Program(const Options& options) : m_options(options), m_ui(options.isQuiet) {}
+    explicit Program(const Options& options)
+        : m_options(options),
+          m_release(options.release.empty() ? OwnRelease() : FromUtf8(options.release)),
+          m_ui(options.isQuiet)
+    {
+    }
     int Run();
+    int ChangeInstallation();
 
 private:
+    void MoveOutput();
+    void TakeSupportFolders();
+    int RunSteps(Session& session);
     bool LoadModules();
     bool OpenDrawingFile();
     bool ReadSteps(std::wstring& text);
@@ -42,6 +57,7 @@ private:
     void Complain(const std::string& what, const std::wstring& why) { m_ui.Complain(FromUtf8(what) + L": " + why); }
 
     const Options& m_options;
+    std::wstring m_release;
     TerminalUi m_ui;
 };
 
@@ -76,7 +92,7 @@ bool Program::OpenDrawingFile()
     AcApDocument* document = nullptr;
     std::wstring why;
     const Acad::ErrorStatus status = m_options.drawing.empty()
-                                         ? NewDrawing(std::wstring(), document, why)
+                                         ? NewDrawing(FromUtf8(m_options.templateFile), document, why)
                                          : OpenDrawing(FromUtf8(m_options.drawing), document, why);
     if (status != Acad::eOk)
         Complain(m_options.drawing, why);
@@ -121,34 +137,81 @@ bool Program::Save()
     return false;
 }
 
+// A host without a terminal that a launcher started has nobody who reads its output now.
+void Program::MoveOutput()
+{
+    std::string file = m_options.logFile;
+    const char* wanted = std::getenv("KX_LOG");
+    if (file.empty() && m_options.isLaunched && !m_ui.HasTerminal())
+        file = wanted != nullptr && *wanted != 0 ? wanted : NewLogFile();
+    if (!file.empty() && !MoveOutputTo(HostPath(FromUtf8(file))))
+        Complain(file, L"cannot be written");
+}
+
+// Those of the command line come before those of the profile.
+void Program::TakeSupportFolders()
+{
+    std::wstring folders = FromUtf8(m_options.supportPath), profile;
+    if (!m_options.profile.empty() && !UseProfile(m_release, FromUtf8(m_options.profile), profile))
+        Complain(m_options.profile, L"there is no such profile");
+    if (!profile.empty())
+        folders += (folders.empty() ? L"" : L";") + profile;
+    if (folders.empty())
+        return;
+    const char* before = std::getenv("KX_SUPPORT_PATH");
+    if (before != nullptr && *before != 0)
+        folders += L";" + FromUtf8(before);
+    SetEnvironmentVariableW(L"KX_SUPPORT_PATH", folders.c_str());
+}
+
+int Program::RunSteps(Session& session)
+{
+    std::wstring typed;
+    if (!ReadSteps(typed) || !OpenDrawingFile() || !LoadModules())
+        return kUnreadable;
+    int status = kDone;
+    if (!m_options.steps.empty() && !session.Run(typed))
+        status = kCommandFailed;
+    if (session.options().hasKeyboard)
+        session.Loop();
+    if (!m_options.output.empty() && !Save())
+        status = kNotSaved;
+    return status;
+}
+
 int Program::Run()
 {
     SetUi(&m_ui);
-    SetOwnProductVersion(FromUtf8(m_options.release));
+    SetOwnProductVersion(m_release);
+    MoveOutput();
     WatchInterrupts();
+    TakeSupportFolders();
     SessionOptions sessionOptions;
-    sessionOptions.release = FromUtf8(m_options.release);
+    sessionOptions.release = m_release;
     sessionOptions.echo = !m_options.isQuiet;
-    sessionOptions.hasKeyboard = m_options.steps.empty();
+    sessionOptions.hasKeyboard = m_options.steps.empty() || m_options.staysOpen;
+    if (m_options.staysOpen)
+        m_ui.StayOpen();
     int status = kDone;
     {
         Session session(sessionOptions);
-        std::wstring typed;
-        if (!ReadSteps(typed) || !OpenDrawingFile() || !LoadModules()) {
-            status = kUnreadable;
-        } else {
-            if (m_options.steps.empty())
-                session.Loop();
-            else if (!session.Run(typed))
-                status = kCommandFailed;
-            if (!m_options.output.empty() && !Save())
-                status = kNotSaved;
-        }
+        HostWindow window(m_release, m_options.takesTexts && sessionOptions.hasKeyboard);
+        m_ui.SetWindow(&window);
+        status = RunSteps(session);
+        m_ui.SetWindow(nullptr);
         m_ui.EndLine();
     }
     m_ui.EndLine();
     SetUi(nullptr);
     return status;
+}
+
+int Program::ChangeInstallation()
+{
+    const std::wstring why = m_options.uninstalls ? Uninstall(m_release) : Install(m_release, m_options.installFolder);
+    if (!why.empty())
+        m_ui.Complain(why);
+    return why.empty() ? kDone : kNotSaved;
 }
 
 }   // namespace
@@ -167,5 +230,8 @@ int main(int argc, char** argv)
         std::fputs(options.showsHelp ? HelpText() : "kxcad 1.0.0\n", stdout);
         return kDone;
     }
-    return Program(options).Run();
+    if (options.showsDebugOutput)
+        return ShowDebugOutput() ? kDone : kUnreadable;
+    Program program(options);
+    return options.uninstalls || !options.installFolder.empty() ? program.ChangeInstallation() : program.Run();
 }

@@ -1,4 +1,6 @@
 #include "Options.h"
+#include "win/CharTables.h"
+#include "win/CodePage.h"
 #include <algorithm>
 #include <string_view>
 
@@ -42,10 +44,37 @@ const OptionRow kOptions[] = {
     {"-p", "--plot", true, [](Options& o, const std::string&) { RefuseGraphics(o, "--plot"); }},
     {"", "--window", false, [](Options& o, const std::string&) { RefuseGraphics(o, "--window"); }},
     {"", "--release", true, SetRelease},
+    {"", "--stay", false, [](Options& o, const std::string&) { o.staysOpen = true; }},
+    {"", "--no-messages", false, [](Options& o, const std::string&) { o.takesTexts = false; }},
+    {"", "--log", true, [](Options& o, const std::string& value) { o.logFile = value; }},
+    {"", "--install", true, [](Options& o, const std::string& value) { o.installFolder = value; }},
+    {"", "--uninstall", false, [](Options& o, const std::string&) { o.uninstalls = true; }},
+    {"", "--debug-output", false, [](Options& o, const std::string&) { o.showsDebugOutput = true; }},
     {"", "--quiet", false, [](Options& o, const std::string&) { o.isQuiet = true; }},
     {"", "--help", false, [](Options& o, const std::string&) { o.showsHelp = true; }},
     {"", "--version", false, [](Options& o, const std::string&) { o.showsVersion = true; }},
 };
+
+// What launchers of a CAD program write. Nothing else that begins with "/" is a switch: it is a path.
+const OptionRow kSwitches[] = {
+    {"", "/b", true,
+     [](Options& o, const std::string& value) {
+         o.steps.push_back({Step::Kind::Script, value});
+     }},
+    {"", "/ld", true, [](Options& o, const std::string& value) { o.modules.push_back(value); }},
+    {"", "/nologo", false, [](Options&, const std::string&) {}},
+    {"", "/p", true, [](Options& o, const std::string& value) { o.profile = value; }},
+    {"", "/s", true, [](Options& o, const std::string& value) { o.supportPath = value; }},
+    {"", "/t", true, [](Options& o, const std::string& value) { o.templateFile = value; }},
+};
+
+const OptionRow* FindSwitch(std::string_view name)
+{
+    for (const OptionRow& row : kSwitches)
+        if (KxPlat::EqualNoCase(KxPlat::FromUtf8(name), KxPlat::FromUtf8(row.longName)))
+            return &row;
+    return nullptr;
+}
 
 const OptionRow* FindOption(std::string_view name)
 {
@@ -70,6 +99,14 @@ Options ParseOptions(int argc, char** argv)
     bool onlyNames = false;
     for (int i = 1; i < argc && options.error.empty(); ++i) {
         const std::string argument = argv[i];
+        if (const OptionRow* row = onlyNames ? nullptr : FindSwitch(argument)) {
+            options.isLaunched = options.staysOpen = true;
+            if (row->takesValue && i + 1 >= argc)
+                options.error = argument + ": needs a value";
+            else
+                row->apply(options, row->takesValue ? argv[++i] : "");
+            continue;
+        }
         if (onlyNames || argument.size() < 2 || argument[0] != '-') {
             TakeDrawing(options, argument);
             continue;
@@ -112,7 +149,17 @@ const char* HelpText()
            "      --window         open the desktop window (needs a build with graphics)\n"
            "      --release R      the host release to present: 18.0, 18.1, 18.2, 19.0\n"
            "      --quiet          only what commands print\n"
+           "      --stay           go on after the end of the input, as texts from other programs may come\n"
+           "      --no-messages    do not run texts that other programs of this user send\n"
+           "      --log FILE       append all output to FILE\n"
+           "      --debug-output   show what programs send to the debugger, until Ctrl-C\n"
+           "      --install DIR    put a program acad.exe of this release into DIR and enter it in the registry\n"
+           "      --uninstall      take the program of this release out again\n"
            "      --help, --version\n"
+           "\n"
+           "Switches of launchers: /b SCRIPT, /s FOLDERS, /p PROFILE, /ld MODULE, /t TEMPLATE, /nologo. With one of "
+           "them\n"
+           "the program stays open after the script; without a terminal its output goes to a log.\n"
            "\n"
            "Without --script and --command it reads the terminal or standard input.\n"
            "Exit status: 0 done; 1 a command or form failed under a script; 2 wrong usage;\n"

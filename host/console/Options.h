@@ -16,8 +16,20 @@ struct Options {
     std::vector<std::string> modules;
     bool hasBaseModule = true;
     std::string output;
-    std::string release = "18.1";
+    std::string release;   // empty: the one that the program's own version tells
+    std::string templateFile;
+    std::string supportPath;   // folders, parted by ";"
+    std::string profile;
+    std::string logFile;
+    // Input may still come once there is nothing more to read: as in a program with a window.
+    bool staysOpen = false;
+    // By switches such as "/b", as programs that start a CAD program write them.
+    bool isLaunched = false;
+    bool takesTexts = true;
     bool isQuiet = false;
+    bool showsDebugOutput = false;
+    std::string installFolder;
+    bool uninstalls = false;
     bool showsHelp = false;
     bool showsVersion = false;
     std::string error;   // "WHAT: WHY"; set when the command line cannot be understood

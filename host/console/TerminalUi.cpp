@@ -100,26 +100,62 @@ InputEvent TerminalUi::Ask(const InputRequest& request)
         Print(shown);
     std::fflush(stdout);
 
-    InputEvent event;
-    std::string line;
-    switch (m_reader.Read(ToUtf8(shown), request.kind == InputKind::Command, line)) {
-    case LineReader::Result::Line:
-        event.type = InputEvent::Type::Text;
-        event.text = FromUtf8(line);
-        if (!m_reader.IsTerminal() && !m_isQuiet)
-            Print(event.text + L"\n");
-        m_isLineOpen = false;
-        m_isFresh = true;
-        break;
-    case LineReader::Result::Interrupted:
-        event.type = InputEvent::Type::Cancel;
-        m_isLineOpen = true;   // the editor says what was cancelled, behind the prompt
-        break;
-    case LineReader::Result::End:
-        event.type = InputEvent::Type::End;
-        break;
+    for (;;) {
+        std::wstring sent;
+        if (m_window != nullptr) {
+            m_window->Update();
+            if (m_window->TakeLine(sent))
+                return Typed(shown, sent);
+        }
+        InputEvent event;
+        std::string line;
+        switch (m_reader.Read(ToUtf8(shown), request.kind == InputKind::Command, line)) {
+        case LineReader::Result::Message:
+            // The line editor has shown the prompt, and will again.
+            if (m_reader.IsTerminal())
+                std::fputs("\r\033[K", stdout);
+            continue;
+        case LineReader::Result::Line:
+            event.type = InputEvent::Type::Text;
+            event.text = FromUtf8(line);
+            if (!m_reader.IsTerminal() && !m_isQuiet)
+                Print(event.text + L"\n");
+            m_isLineOpen = false;
+            m_isFresh = true;
+            break;
+        case LineReader::Result::Interrupted:
+            event.type = InputEvent::Type::Cancel;
+            m_isLineOpen = true;   // the editor says what was cancelled, behind the prompt
+            break;
+        case LineReader::Result::End:
+            event.type = InputEvent::Type::End;
+            break;
+        }
+        return event;
     }
+}
+
+// A line that another program sent looks as if it had been typed here.
+InputEvent TerminalUi::Typed(const std::wstring& shown, const std::wstring& text)
+{
+    if (m_reader.IsTerminal())
+        Print(shown + text + L"\n");
+    else if (!m_isQuiet)
+        Print(text + L"\n");
+    m_isLineOpen = false;
+    m_isFresh = true;
+    InputEvent event;
+    event.type = InputEvent::Type::Text;
+    event.text = text;
     return event;
+}
+
+// Asked for between commands, and while programs run.
+bool TerminalUi::Interrupted()
+{
+    if (m_window != nullptr)
+        m_window->UpdateNowAndThen();
+    return TakeInterrupt();
 }
 
 int TerminalUi::ShowMessage(std::wstring_view text, std::wstring_view caption, unsigned type)
