@@ -41,6 +41,14 @@ AcDb::AcDbDwgVersion DwgVersionOf(std::string_view file)
     return row == nullptr ? AcDb::kDHL_CURRENT : row->version;
 }
 
+std::string_view NameOfDwgVersion(AcDb::AcDbDwgVersion version)
+{
+    for (const VersionRow& row : kVersions)
+        if (row.version == version)
+            return row.name;
+    return {};
+}
+
 bool ReadContainer(std::string_view file, DwgSections& sections, DwgReport& report)
 {
     const VersionRow* row = RowOf(file);

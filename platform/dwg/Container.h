@@ -9,6 +9,9 @@ namespace KxPlat {
 // "AC1015" and the like in the first six bytes; kDHL_CURRENT for anything else.
 AcDb::AcDbDwgVersion DwgVersionOf(std::string_view file);
 
+// "AC1015"; empty for a version without DWG files that can be read.
+std::string_view NameOfDwgVersion(AcDb::AcDbDwgVersion version);
+
 // The sections may be views into `file`. False, and the report says why, when there is nothing to be read in it;
 // sections that cannot be found are left out and reported.
 bool ReadContainer(std::string_view file, DwgSections& sections, DwgReport& report);
