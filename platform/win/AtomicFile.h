@@ -1,6 +1,7 @@
 // Writes a file beside its target and puts it in the target's place at the end, so that a reader sees the old file or
 // the new one.
 #pragma once
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,8 @@ public:
         if (m_buffer.size() >= kBuffer)
             Flush();
     }
+    // Over bytes that were written before; not in what is written directly.
+    void WriteAt(uint64_t place, std::string_view bytes);
     // On the disk under the target's name, with the target's old mode bits; 0 or the first error of all.
     int Commit();
     void Discard();

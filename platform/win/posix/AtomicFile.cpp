@@ -103,6 +103,22 @@ void AtomicFile::Flush()
     m_buffer.clear();
 }
 
+void AtomicFile::WriteAt(uint64_t place, std::string_view bytes)
+{
+    Flush();
+    while (!bytes.empty() && m_error == 0) {
+        const ssize_t put = pwrite(m_file, bytes.data(), bytes.size(), static_cast<off_t>(place));
+        if (put < 0 && errno == EINTR)
+            continue;
+        if (put < 0) {
+            Fail(errno);
+        } else {
+            bytes.remove_prefix(static_cast<size_t>(put));
+            place += static_cast<uint64_t>(put);
+        }
+    }
+}
+
 int AtomicFile::Commit()
 {
     if (m_file < 0)
