@@ -37,6 +37,13 @@ const wchar_t kSection[] = L"Variables";
 const wchar_t kTrustedPaths[] = L"TRUSTEDPATHS";
 const wchar_t kWithSubFolders[] = L"\\...";
 
+// A trusted folder without the mark of its sub-folders.
+CString WithoutMark(const CString& folder)
+{
+    const int length = folder.GetLength() - int(std::wcslen(kWithSubFolders));
+    return folder.Mid(length) == kWithSubFolders ? folder.Left(length) : folder;
+}
+
 }   // namespace
 
 CString GetCurrentProfile(int release)
@@ -105,13 +112,17 @@ int AddTrustedPath(int release, const wchar_t* folder, int withSubFolders)
     wanted.TrimRight(L"\\/");
     if (wanted.IsEmpty() || wanted.Find(L';') >= 0)
         return 0;
-    if (withSubFolders)
-        wanted += kWithSubFolders;
-    CStringArray folders;
+    CStringArray folders, alike;
     GetTrustedPaths(release, folders);
-    if (CStrFunLib::FindSamePath(folders, wanted) >= 0)
+    for (INT_PTR i = 0; i < folders.GetSize(); ++i) {
+        // The mark is taken off first: Windows drops dots at the end of a name.
+        const CString own = WithoutMark(folders[i]);
+        if ((own.GetLength() != folders[i].GetLength()) == (withSubFolders != 0))
+            alike.Add(own);
+    }
+    if (CStrFunLib::FindSamePath(alike, wanted) >= 0)
         return 1;
-    folders.Add(wanted);
+    folders.Add(withSubFolders ? wanted + kWithSubFolders : wanted);
     return SetProfileText(release, GetCurrentProfile(release), kSection, kTrustedPaths,
                           CStrFunLib::LinkArrayString(folders, L";"));
 }

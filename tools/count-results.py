@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Prints the counts of a test run as one plain line, after the names of what was skipped or failed.
 
-Arguments: the results of ctest (JUnit form) and the folder in which GoogleTest programs left theirs, as TEST.xml.
+Arguments: the results of ctest (JUnit form) and the folder in which GoogleTest programs left theirs, as TEST.xml;
+more such pairs may follow.
 A program counts by its own tests; one that died without results, and every other ctest test, counts once.
 """
 import pathlib
@@ -22,8 +23,7 @@ def gtest_status(case):
     return "passed" if ran else "skipped"
 
 
-def main(ctest_file, gtest_folder):
-    names = {"passed": [], "failed": [], "skipped": []}
+def count(ctest_file, gtest_folder, names):
     for case in ElementTree.parse(ctest_file).getroot().iter("testcase"):
         name, status = case.get("name"), ctest_status(case)
         own = pathlib.Path(gtest_folder) / f"{name}.xml"
@@ -33,6 +33,12 @@ def main(ctest_file, gtest_folder):
             found.append((name, status))
         for one, which in found:
             names[which].append(one)
+
+
+def main(*arguments):
+    names = {"passed": [], "failed": [], "skipped": []}
+    for pair in zip(arguments[::2], arguments[1::2]):
+        count(*pair, names)
     for status in ("skipped", "failed"):
         for name in sorted(names[status]):
             print(f"{status}: {name}")
@@ -40,4 +46,4 @@ def main(ctest_file, gtest_folder):
 
 
 if __name__ == "__main__":
-    main(sys.argv[1], sys.argv[2])
+    main(*sys.argv[1:])

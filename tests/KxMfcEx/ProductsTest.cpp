@@ -159,6 +159,7 @@ TEST_F(Products, ProfilesAreReadAndWritten)
     EXPECT_EQ(AddTrustedPath(171, L"C:\\Kx\\", 0), 1);
     EXPECT_EQ(AddTrustedPath(171, L"c:/kx", 0), 1);
     EXPECT_EQ(AddTrustedPath(171, L"C:\\Kx", 1), 1);
+    EXPECT_EQ(AddTrustedPath(171, L"C:\\KX\\", 1), 1);
     EXPECT_EQ(AddTrustedPath(171, L"C:\\a;b", 0), 0);
     EXPECT_EQ(AddTrustedPath(190, L"C:\\Kx", 0), 0);
     CStringArray folders;

@@ -27,8 +27,9 @@ class CountResults(unittest.TestCase):
             path.write_text(RESULTS, encoding="ascii")
             Path(folder, "f.xml").write_text(PROGRAM, encoding="ascii")
             Path(folder, "g.xml").write_text(DEAD, encoding="ascii")
-            said = subprocess.run([sys.executable, str(COUNTER), str(path), folder], capture_output=True, text=True,
-                                  check=True).stdout
+            said, twice = (subprocess.run([sys.executable, str(COUNTER)] + times * [str(path), folder], text=True,
+                                          capture_output=True, check=True).stdout for times in (1, 2))
+        self.assertEqual(twice.splitlines()[-1], "8 passed, 4 failed, 6 skipped")
         self.assertEqual(said.splitlines(), ["skipped: d", "skipped: e", "skipped: f: S.Two", "failed: c", "failed: g",
                                              "4 passed, 2 failed, 3 skipped"])
 
