@@ -1,6 +1,6 @@
 # The layers of the platform, from the lowest to the highest. Each is one folder and one object library;
 # together they are the one shared library kxplatform.
-set(KX_LAYERS win ui mfc rx ge gi db dxf dwg ap ed)
+set(KX_LAYERS win ui mfc rx ge gi db dxf dwg gs ap ed)
 
 # The object libraries of all layers up to and including `layer`, for tests that must not need the ones above.
 function(kx_layers_up_to layer out)

@@ -82,6 +82,9 @@ public:
     Acad::ErrorStatus getEndParam(double& parameter) const override;
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     void Places(AcArray<AcGePoint3d>& places) const override;
     void MapVertex(AcDbVertex& vertex, const AcGeMatrix3d& transform) const override;
@@ -113,6 +116,9 @@ public:
     Acad::ErrorStatus getEndParam(double& parameter) const override;
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     int16_t m_curveType = 0;
 };
@@ -132,6 +138,9 @@ public:
     bool isNClosed() const { return (m_flags & 32) != 0; }
     Acad::ErrorStatus appendVertex(AcDbObjectId& id, AcDbPolygonMeshVertex* vertex);
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     int16_t m_mSize = 0, m_nSize = 0;
     int16_t m_mDensity = 0, m_nDensity = 0;
@@ -148,6 +157,9 @@ public:
     Adesk::Int16 numFaces() const { return m_faceCount; }
     Acad::ErrorStatus appendVertex(AcDbObjectId& id, AcDbPolyFaceMeshVertex* vertex);
     Acad::ErrorStatus appendFaceRecord(AcDbObjectId& id, AcDbFaceRecord* face);
+
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
 
 private:
     int16_t m_vertexCount = 0;

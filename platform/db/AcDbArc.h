@@ -34,6 +34,9 @@ public:
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
     Acad::ErrorStatus getArea(double& area) const override;   // between arc and chord
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     AcGePoint3d m_center;
     AcGeVector3d m_normal{0, 0, 1};

@@ -13,4 +13,7 @@ public:
     // Looks and place of the definition, moved to where the block is inserted.
     Acad::ErrorStatus setAttributeFromBlock(const AcDbAttributeDefinition* definition, const AcGeMatrix3d& transform);
     Acad::ErrorStatus setAttributeFromBlock(const AcGeMatrix3d& transform) { return transformBy(transform); }
+
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
 };

@@ -45,6 +45,9 @@ public:
     Acad::ErrorStatus setVerifiable(bool on);
     Acad::ErrorStatus setPreset(bool on);
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     CString m_prompt;
 };

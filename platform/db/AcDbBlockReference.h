@@ -55,6 +55,7 @@ public:
     void attachPart(AcDbStub* part) override { m_parts.Attach(part); }
 
 protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
     static std::vector<KxPlat::Field> FieldList();
 
     int16_t m_columns = 0;   // 0 counts as 1

@@ -31,6 +31,7 @@ public:
     Acad::ErrorStatus explode(AcArray<AcRxObject*>& pieces) const override;
 
 protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
     // `type`: the kind, 0 to 6, in the flags of the entity.
     explicit AcDbDimension(int16_t type = 0) : m_type(int16_t(type | 32)) {}
     virtual double Measured() const { return 0; }

@@ -38,6 +38,9 @@ public:
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
     Acad::ErrorStatus getArea(double& area) const override;
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     double AngleOf(double parameter) const;
 

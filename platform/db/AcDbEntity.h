@@ -65,6 +65,9 @@ public:
     virtual const std::vector<AcDbStub*>* parts() const { return nullptr; }
     virtual void attachPart(AcDbStub* part) {}
 
+protected:
+    Adesk::UInt32 subSetAttributes(AcGiDrawableTraits* traits) override;
+
 private:
     AcDbObjectId m_layer;
     AcDbObjectId m_linetype;   // null: ByLayer

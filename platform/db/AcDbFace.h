@@ -24,6 +24,9 @@ public:
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     Acad::ErrorStatus SetEdge(Adesk::UInt16 index, bool visible);
 

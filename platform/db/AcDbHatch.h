@@ -59,6 +59,9 @@ public:
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     Acad::ErrorStatus getEcs(AcGeMatrix3d& ecs) const override;
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     double PatternReal(int code, double byDefault) const;
     // The groups of one loop within m_loops.

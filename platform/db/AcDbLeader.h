@@ -26,6 +26,9 @@ public:
     Acad::ErrorStatus getEndParam(double& parameter) const override;
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     AcDbObjectId m_style;
     AcDbObjectId m_annotation;

@@ -26,6 +26,9 @@ public:
     Acad::ErrorStatus getEndParam(double& parameter) const override;   // the length
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     AcGePoint3d m_start;
     AcGePoint3d m_end;

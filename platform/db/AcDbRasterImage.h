@@ -32,6 +32,7 @@ public:
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
 
 protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
     static std::vector<KxPlat::Field> FieldList();
 
 private:

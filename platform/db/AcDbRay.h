@@ -32,9 +32,15 @@ class AcDbRay : public KxPlat::EndlessLine {
 public:
     ACDB_DECLARE_MEMBERS(AcDbRay);
     Acad::ErrorStatus getStartParam(double& parameter) const override;
+
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
 };
 
 class AcDbXline : public KxPlat::EndlessLine {
 public:
     ACDB_DECLARE_MEMBERS(AcDbXline);
+
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
 };

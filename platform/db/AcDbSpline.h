@@ -38,6 +38,9 @@ public:
     // The curve as geometry; empty where the data do not fit together.
     AcGeNurbCurve3d curve() const;
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     friend class SplinePoints;
     friend class SplineWeights;

@@ -52,6 +52,7 @@ public:
     virtual Acad::ErrorStatus adjustAlignment(const AcDbDatabase* database = nullptr);
 
 protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
     // The section that texts and attributes share; texts keep the vertical mode in a section of its own.
     static const KxPlat::ClassSchema& commonSchema();
     int16_t vertical() const { return m_vertical; }

@@ -23,6 +23,7 @@ public:
     Acad::ErrorStatus getEcs(AcGeMatrix3d& ecs) const override;
 
 protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
     FilledCorners() = default;
     FilledCorners(const AcGePoint3d& p0, const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3);
     static std::vector<Field> FieldList();

@@ -1,0 +1,46 @@
+// Takes down what entities draw. The one world-draw context of the platform's own graphics.
+#pragma once
+#include "../gi/AcGiDrawable.h"
+#include "../gi/AcGiWorldDraw.h"
+#include "DisplayList.h"
+#include <memory>
+
+class AcDbEntity;
+
+namespace KxPlat {
+
+class Scene;
+
+class ListBuilder : public AcGiWorldDraw {
+public:
+    // `scene` knows the boxes of blocks.
+    ListBuilder(DisplayList& list, Scene& scene);
+    ~ListBuilder() override;
+
+    // Draws an entity that is open for read.
+    void Add(AcDbEntity& entity);
+    void Finish();   // closes the box of the last entity
+
+    AcGiRegenType regenType() const override { return kAcGiStandardDisplay; }
+    Adesk::Boolean regenAbort() const override { return Adesk::kFalse; }
+    AcGiSubEntityTraits& subEntityTraits() const override;
+    AcGiGeometry* rawGeometry() const override;
+    Adesk::Boolean isDragging() const override { return Adesk::kFalse; }
+    double deviation(AcGiDeviationType type, const AcGePoint3d& around) const override { return 0; }
+    Adesk::UInt32 numberOfIsolines() const override { return 4; }
+    AcGiContext* context() override;
+    AcGiWorldGeometry& geometry() const override;
+
+private:
+    class Traits;
+    class Geometry;
+    class Context;
+
+    DisplayList& m_list;
+    Scene& m_scene;
+    std::unique_ptr<Traits> m_traits;
+    std::unique_ptr<Geometry> m_geometry;
+    std::unique_ptr<Context> m_context;
+};
+
+}   // namespace KxPlat
