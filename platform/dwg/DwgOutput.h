@@ -1,0 +1,48 @@
+// What all objects share while a file is written.
+#pragma once
+#include "../db/core/DbCore.h"
+#include "../db/core/ObjectAccess.h"
+#include "../db/core/TextCodec.h"
+#include "DwgCodePages.h"
+#include "DwgVersion.h"
+#include "ObjectsOut.h"
+#include <unordered_map>
+#include <unordered_set>
+
+namespace KxPlat {
+
+class DwgOutput {
+public:
+    DwgOutput(DbCore& core, const ObjectsToWrite& wanted) : core(core), version(wanted.version), codec(wanted.codePage)
+    {
+    }
+    DbCore& core;
+    const DwgVersion version;
+    TextCodec codec;
+    DwgRoots roots;
+    std::unordered_set<const AcDbStub*> dropped;        // live, but not in this file
+    std::unordered_map<std::string, AcDbStub*> books;   // colours of colour books by their names
+
+    bool IsLive(const AcDbStub* stub) const { return stub != nullptr && stub->object != nullptr && !stub->erased; }
+    // 0 for what the file will not hold. A handle that nothing ever had stays as it is.
+    uint64_t HandleOf(const AcDbStub* stub) const
+    {
+        if (stub == nullptr || stub->erased || (!dropped.empty() && dropped.count(stub) != 0))
+            return 0;
+        if (stub->object != nullptr && (ObjectAccess::State(*stub->object) & kPlaceholder) != 0)
+            return 0;
+        return stub->handle;
+    }
+};
+
+// The number by which DWG files name a code page of Windows.
+inline int NumberOfCodePage(unsigned windows)
+{
+    constexpr int kWesternEuropean = 30, kLast = 44;
+    for (int number = kLast; number > 0; --number)
+        if (CodePageOfNumber(number).windows == windows)
+            return number;
+    return kWesternEuropean;
+}
+
+}   // namespace KxPlat
