@@ -1,6 +1,8 @@
 #include "Documents.h"
 #include "../db/AcDbDatabase.h"
 #include "../db/core/DbCore.h"
+#include "../db/core/XrefLoader.h"
+#include "../ui/HostUi.h"
 #include "../win/CharTables.h"
 #include "../win/Files.h"
 #include "DocumentList.h"
@@ -52,6 +54,16 @@ Acad::ErrorStatus Read(AcDbDatabase& database, const std::wstring& path, std::ws
     return status;
 }
 
+// One that is missing is no reason not to open: its block stays, and so does its path.
+void ResolveXrefs(AcDbDatabase& database)
+{
+    XrefLoader loader(database);
+    loader.ResolveAll(false);
+    for (const XrefNews& news : loader.News())
+        if (!news.why.empty())
+            Ui().Complain(L"xref \"" + news.block + L"\": " + news.path + L": " + news.why);
+}
+
 AcApDocument* Added(std::unique_ptr<AcDbDatabase> database, const std::wstring& path, bool isNamed)
 {
     auto state = std::make_unique<DocumentState>();
@@ -79,6 +91,8 @@ Acad::ErrorStatus OpenDrawing(const std::wstring& path, AcApDocument*& document,
     auto database = std::make_unique<AcDbDatabase>(false);
     const std::wstring full = FullDrivePath(path);
     const Acad::ErrorStatus status = Read(*database, full, why);
+    if (status == Acad::eOk)
+        ResolveXrefs(*database);
     if (status == Acad::eOk)
         document = AddDocument(std::move(database), full);
     return status;

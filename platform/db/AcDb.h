@@ -43,6 +43,30 @@ enum AcDbDwgVersion {
     kDHL_1032 = 33
 };
 
+enum MaintenanceReleaseVersion { kMReleaseCurrent = 0, kMRelease0 = 0 };
+
+enum FilerType {
+    kFileFiler = 0,
+    kCopyFiler = 1,
+    kUndoFiler = 2,
+    kBagFiler = 3,
+    kIdXlateFiler = 4,
+    kPageFiler = 5,
+    kDeepCloneFiler = 6,
+    kIdFiler = 7,
+    kPurgeFiler = 8,
+    kWblockCloneFiler = 9
+};
+
+enum XrefStatus {
+    kXrfNotAnXref = 0,
+    kXrfResolved = 1,
+    kXrfUnloaded = 2,
+    kXrfUnreferenced = 3,
+    kXrfFileNotFound = 4,
+    kXrfUnresolved = 5
+};
+
 enum LineWeight {
     kLnWt000 = 0,
     kLnWt005 = 5,

@@ -273,6 +273,16 @@ void AcDbBlockTableRecord::setBlockFlags(int16_t flags)
 
 // --- what kind of block ---
 
+void AcDbBlockTableRecord::setDependent(bool dependent)
+{
+    setBlockFlags(int16_t(dependent ? blockFlags() | 16 : blockFlags() & ~48));
+}
+
+AcDb::XrefStatus AcDbBlockTableRecord::xrefStatus() const
+{
+    return isFromExternalReference() || isFromOverlayReference() ? m_xrefStatus : AcDb::kXrfNotAnXref;
+}
+
 namespace {
 
 // Old files write the spaces with a dollar sign.

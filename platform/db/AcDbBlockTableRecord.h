@@ -5,6 +5,8 @@
 #include "AcDbSymbolTable.h"
 #include <vector>
 
+class AcDbSortentsTable;
+
 class AcDbBlockBegin : public AcDbEntity {
 public:
     ACDB_DECLARE_MEMBERS(AcDbBlockBegin);
@@ -63,8 +65,14 @@ public:
     Acad::ErrorStatus setComments(const ACHAR* comments);
 
     bool isAnonymous() const;
+    bool isDependent() const override { return (blockFlags() & 16) != 0; }
+    void setDependent(bool dependent) override;
     bool isFromExternalReference() const { return (blockFlags() & 4) != 0; }
     bool isFromOverlayReference() const { return (blockFlags() & 8) != 0; }
+    // Of a block that stands for another drawing: whether its contents are there.
+    AcDb::XrefStatus xrefStatus() const;
+    void setXrefStatus(AcDb::XrefStatus status) { m_xrefStatus = status; }
+    bool isUnloaded() const { return xrefStatus() == AcDb::kXrfUnloaded; }
     bool hasAttributeDefinitions() const;
     bool isLayout() const { return !m_layout.isNull(); }
     AcDbObjectId getLayoutId() const { return m_layout; }
@@ -77,6 +85,8 @@ public:
     Acad::ErrorStatus openBlockEnd(AcDbBlockEnd*& end, AcDb::OpenMode mode = AcDb::kForRead);
     // The live references to this block, and with `directOnly` false also those that reach it through other blocks.
     Acad::ErrorStatus getBlockReferenceIds(AcDbObjectIdArray& ids, bool directOnly = true, bool forceValidity = false);
+    // The table of the draw order. To create it the record must be open for write; eKeyNotFound where there is none.
+    Acad::ErrorStatus getSortentsTable(AcDbSortentsTable*& table, AcDb::OpenMode mode, bool createIfNecessary);
 
     // For readers and writers of files.
     std::vector<AcDbStub*>& entities() { return m_entities; }
@@ -108,6 +118,7 @@ private:
     AcDbStub* m_begin = nullptr;
     AcDbStub* m_end = nullptr;
     AcDbObjectId m_layout;
+    AcDb::XrefStatus m_xrefStatus = AcDb::kXrfUnresolved;
     int16_t m_units = 0;
     int16_t m_explodable = 1;
     int16_t m_scaleUniformly = 0;

@@ -62,6 +62,11 @@ public:
     };
     // In file order; entries of erased objects are still there.
     const std::vector<Entry>& entries() const { return m_entries; }
+    // Takes out an entry that names nothing.
+    void dropEntry(const CString& name)
+    {
+        std::erase_if(m_entries, [&](const Entry& entry) { return entry.id.objectClass() == nullptr && entry.name == name; });
+    }
 
 protected:
     Acad::ErrorStatus subErase(bool erasing) override;

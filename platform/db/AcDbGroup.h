@@ -50,6 +50,8 @@ public:
 
     // As stored, erased members included.
     const std::vector<AcDbObjectId>& members() const { return m_members; }
+    // Takes out a member that is not there.
+    void dropMember(AcDbObjectId id) { std::erase(m_members, id); }
 
 private:
     friend class GroupMembers;

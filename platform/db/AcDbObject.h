@@ -12,6 +12,7 @@
 #include "AcDbObjectId.h"
 
 class AcDbDatabase;
+class AcDbDwgFiler;
 class AcDbIdMapping;
 
 typedef AcArray<AcDbObjectId> AcDbObjectIdArray;
@@ -78,6 +79,10 @@ public:
     // Replaces the data of every application that the chain names; a lone 1001 removes that application's data.
     Acad::ErrorStatus setXData(const resbuf* chain);
     bool hasXData() const;
+
+    // Hands everything that the object stores to the filer: owner, reactors and extension dictionary, then the members
+    // in the order of the class's field list, then extended data, then what the object contains.
+    virtual Acad::ErrorStatus dwgOut(AcDbDwgFiler* filer) const;
 
     virtual Acad::ErrorStatus deepClone(AcDbObject* owner, AcDbObject*& clone, AcDbIdMapping& map,
                                         bool isPrimary = true) const;

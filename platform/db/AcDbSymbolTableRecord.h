@@ -11,7 +11,8 @@ public:
     Acad::ErrorStatus getName(const ACHAR*& name) const;
     // Refuses an empty or illegal name, one that the table already has, and the name of an xref-dependent record.
     Acad::ErrorStatus setName(const ACHAR* name);
-    bool isDependent() const { return (m_flags & 16) != 0; }
+    // Came with an xref, and is named after it: "xref|name".
+    virtual bool isDependent() const { return (m_flags & 16) != 0; }
     bool isResolved() const { return (m_flags & 32) != 0; }
     bool isRenamable() const;
     // False for what every drawing keeps, such as layer 0.
@@ -20,6 +21,7 @@ public:
     const CString& nameText() const { return m_name; }
     // For readers of files, before the record joins its table: takes any name.
     void takeName(const CString& name) { m_name = name; }
+    virtual void setDependent(bool dependent) { m_flags = int16_t(dependent ? m_flags | 48 : m_flags & ~48); }
 
 protected:
     Acad::ErrorStatus subErase(bool erasing) override;

@@ -17,6 +17,7 @@ const DxfClassRow kRows[] = {
     {"ACDBPLACEHOLDER", L"AcDbPlaceHolder", kObjectDbx, 0, false, kNever},
     {"LAYOUT", L"AcDbLayout", kObjectDbx, 0, false, AcDb::kDHL_1018},
     {"XRECORD", L"AcDbXrecord", kObjectDbx, 0, false, AcDb::kDHL_1015},
+    {"SORTENTSTABLE", L"AcDbSortentsTable", kObjectDbx, 0, false, kNever},
     {"LWPOLYLINE", L"AcDbPolyline", kObjectDbx, 0, true, AcDb::kDHL_1015},
     {"HATCH", L"AcDbHatch", kObjectDbx, 0, true, AcDb::kDHL_1015},
     {"IMAGE", L"AcDbRasterImage", L"ISM", 127, true, kNever},
@@ -56,7 +57,7 @@ std::vector<const DxfClassRow*> ClassRowsFor(const DbCore& core, AcDb::AcDbDwgVe
     std::vector<bool> isSeen;   // by number of the class's schema
     std::vector<const DxfClassRow*> rows;
     core.handles.ForEach([&](const AcDbStub& stub) {
-        if (stub.object == nullptr || stub.erased || (newObjectsOnly && ObjectAccess::Shape(*stub.object) != 0))
+        if (stub.object == nullptr || stub.erased || stub.fromXref || (newObjectsOnly && ObjectAccess::Shape(*stub.object) != 0))
             return;
         const ClassSchema& schema = stub.object->fields();
         const size_t number = size_t(schema.number());

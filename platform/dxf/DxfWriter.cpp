@@ -20,9 +20,10 @@ namespace {
 // Handles from here on leave no room for the next one.
 constexpr uint64_t kLastHandle = ~uint64_t(0) - 1;
 
+// There, and to be saved: the contents of xrefs are read anew from their own files.
 bool IsLive(const AcDbStub* stub)
 {
-    return stub != nullptr && stub->object != nullptr && !stub->erased;
+    return stub != nullptr && stub->object != nullptr && !stub->erased && !stub->fromXref;
 }
 
 template <class Writer>
@@ -174,7 +175,8 @@ uint64_t DxfWriter<Writer>::HandleSeed() const
     if (seed >> 48 != 0)
         seed = 1;
     m_core.handles.ForEach([&](const AcDbStub& stub) {
-        if (stub.handle >= seed && stub.handle < kLastHandle && stub.object != nullptr && !IsHandleUnwritten(stub))
+        if (stub.handle >= seed && stub.handle < kLastHandle && stub.object != nullptr && !stub.fromXref &&
+            !IsHandleUnwritten(stub))
             seed = stub.handle + 1;
     });
     return seed;
@@ -213,7 +215,8 @@ void DxfWriter<Writer>::Header()
         m_writer.Handle(5, HandleSeed());
     }
     for (const HeaderVar& variable : m_core.header.All()) {
-        if (!IsHeaderVarOf(variable.name, m_version, m_core.form.version))
+        // What other file formats keep besides has a name without the sign.
+        if (!variable.name.starts_with('$') || !IsHeaderVarOf(variable.name, m_version, m_core.form.version))
             continue;
         m_writer.Text(9, variable.name);
         if (variable.name == "$ACADVER" && m_version != m_core.form.version)

@@ -1,4 +1,5 @@
 #include "AcRxClass.h"
+#include "AcRxDictionary.h"
 #include <algorithm>
 #include <string_view>
 #include <unordered_map>
@@ -60,7 +61,16 @@ AcRxClass* KxPlat::DescribeClass(const ACHAR* name, AcRxClass* parent, AcRxObjec
     table.byName.emplace(made->m_name, made);
     if (!made->m_dxfName.empty())
         table.byDxfName.emplace(made->m_dxfName, made);
+    Adesk::UInt32 id = 0;
+    ClassDictionary().atPut(name, made, id);
     return made;
+}
+
+// Never deleted: modules take their classes out of it while the process ends.
+AcRxDictionary& KxPlat::ClassDictionary()
+{
+    static AcRxDictionary* const classes = NewDictionary(false, true);
+    return *classes;
 }
 
 AcRxClass* KxPlat::ClassNamed(const ACHAR* name)
@@ -94,6 +104,7 @@ void deleteAcRxClass(AcRxClass* aClass)
     std::erase(table.inOrder, aClass);
     std::erase_if(table.byName, [aClass](const auto& row) { return row.second == aClass; });
     std::erase_if(table.byDxfName, [aClass](const auto& row) { return row.second == aClass; });
+    KxPlat::ClassDictionary().remove(aClass->name());
     delete aClass;
 }
 

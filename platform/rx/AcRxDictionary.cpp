@@ -176,6 +176,7 @@ AcRxDictionary* acrxSysRegistry()
     if (registry.numEntries() == 0) {
         Adesk::UInt32 id = 0;
         registry.atPut(ACRX_SERVICE_DICTIONARY, &services, id);
+        registry.atPut(ACRX_CLASS_DICTIONARY, &KxPlat::ClassDictionary(), id);
     }
     return &registry;
 }

@@ -59,5 +59,7 @@ namespace KxPlat {
 
 // A dictionary that the caller owns.
 AcRxDictionary* NewDictionary(bool deletesObjects, bool isCaseSensitive);
+// Every known class under its name.
+AcRxDictionary& ClassDictionary();
 
 }   // namespace KxPlat

@@ -1,109 +1,33 @@
 #include "Cloner.h"
+#include "../AcDbBlockReference.h"
 #include "../AcDbBlockTableRecord.h"
 #include "../AcDbDatabase.h"
-#include "../AcDbDictionary.h"
 #include "../AcDbEntity.h"
 #include "../AcDbSymbolTable.h"
-#include "DefaultDrawing.h"
+#include "ClonerParts.h"
 #include "ObjectAccess.h"
+#include <algorithm>
 
 namespace KxPlat {
 
-namespace {
-
-// The table that a record's class belongs to, or Count for what is no record.
-TableKind KindOf(const DbCore& core, const AcDbObject& object)
+AcDbObjectId Cloner::Copy(AcDbObjectId source, AcDbObjectId owner, bool isPrimary)
 {
-    for (size_t i = 0; i < kTableCount; ++i)
-        if (object.isKindOf(core.Table(TableKind(i))->recordClass()))
-            return TableKind(i);
-    return TableKind::Count;
-}
-
-const AcDbObject* ObjectOf(AcDbObjectId id)
-{
-    const AcDbStub* stub = id;
-    return stub == nullptr ? nullptr : stub->object;
-}
-
-}   // namespace
-
-// What every drawing has once means the same in the other one.
-AcDbObjectId Cloner::Existing(AcDbObjectId source) const
-{
-    if (source.isNull() || source.database() == m_to.database)
-        return source;
-    const DbCore& from = CoreOf(*source.database());
-    for (size_t i = 0; i < kTableCount; ++i)
-        if (source == AcDbObjectId(from.tables[i]))
-            return m_to.tables[i];
-    if (source == AcDbObjectId(from.namedObjects))
-        return m_to.namedObjects;
-    return AcDbObjectId();
-}
-
-CString Cloner::MangledName(TableKind kind, const CString& name) const
-{
-    CString mangled;
-    for (int i = 0;; ++i) {
-        mangled.Format(L"$%d$%s", i, static_cast<const wchar_t*>(name));
-        if (m_to.Table(kind)->find(std::wstring_view(mangled, size_t(mangled.GetLength()))) == nullptr)
-            return mangled;
-    }
-}
-
-AcDbObjectId Cloner::CopyRecord(AcDbObjectId source, TableKind kind)
-{
-    const AcDbSymbolTableRecord& from = static_cast<const AcDbSymbolTableRecord&>(*ObjectOf(source));
-    CString name = from.nameText();
-    AcDbStub* there = m_to.Table(kind)->find(std::wstring_view(name, size_t(name.GetLength())));
-    const bool isAnonymous = kind == TableKind::Block && !name.IsEmpty() && name[0] == L'*';
-    const bool isRenamed = m_map.duplicateRecordCloning() == AcDb::kDrcMangleName || isAnonymous;
-    if (there != nullptr && !isRenamed && m_map.duplicateRecordCloning() != AcDb::kDrcReplace) {
-        m_map.assign(AcDbIdPair(source, there, false));
-        return there;
-    }
-    if (there != nullptr && m_map.duplicateRecordCloning() == AcDb::kDrcReplace && kind != TableKind::Block) {
-        AcDbObject* replaced = nullptr;
-        if (OpenStub(there, AcDb::kForWrite, false, replaced) == Acad::eOk) {
-            replaced->assertWriteEnabled();
-            CopyFields(*replaced, from);
-            replaced->close();
-            m_made.push_back(there);
-        }
-        m_map.assign(AcDbIdPair(source, there, true));
-        return there;
-    }
-    if (there != nullptr)
-        name = MangledName(kind, name);
-    AcDbSymbolTableRecord* copy = NewRecord(kind);
-    CopyFields(*copy, from);
-    copy->takeName(name);
-    m_to.Adopt(copy, 0, m_to.Table(kind)->objectId(), true);
-    m_to.Table(kind)->attach(copy->objectId());
-    m_map.assign(AcDbIdPair(source, copy->objectId(), true));
-    m_made.push_back(copy->objectId());
+    const AcDbObjectId known = m_map.find(source);
+    if (!known.isNull())
+        return known;
+    const AcDbObject& from = *ObjectOf(source);
+    AcDbObject* copy = AcDbObject::cast(from.clone());
+    if (copy == nullptr)
+        return AcDbObjectId();
+    m_to.Adopt(copy, 0, owner, true);
+    AcDbStub* stub = ObjectAccess::Stub(*copy);
+    const AcDbStub* ownerStub = owner;
+    stub->fromXref = ownerStub != nullptr && ownerStub->fromXref;
+    m_map.assign(AcDbIdPair(source, stub, true, isPrimary));
+    m_made.push_back(stub);
     CopyOwned(from, *copy);
-    if (kind == TableKind::Block)
-        CopyBlockContents(source, copy->objectId());
     copy->close();
-    return copy->objectId();
-}
-
-void Cloner::CopyBlockContents(AcDbObjectId source, AcDbObjectId target)
-{
-    const AcDbBlockTableRecord& from = static_cast<const AcDbBlockTableRecord&>(*ObjectOf(source));
-    AcDbStub* targetStub = target;
-    AcDbBlockTableRecord& to = static_cast<AcDbBlockTableRecord&>(*targetStub->object);
-    if (from.beginStub() != nullptr)
-        to.setBegin(Copy(from.beginStub(), target, false));
-    if (from.endStub() != nullptr)
-        to.setEnd(Copy(from.endStub(), target, false));
-    to.nameBegin();
-    to.completeBlock();
-    for (AcDbStub* entity : from.entities())
-        if (!entity->erased && entity->object != nullptr)
-            to.attach(Copy(entity, target, false));
+    return stub;
 }
 
 // What an object owns is copied with it: its extension dictionary, vertices and attributes, entries of a dictionary.
@@ -123,53 +47,34 @@ void Cloner::CopyOwned(const AcDbObject& from, AcDbObject& to)
                 copy->attachPart(Copy(part, to.objectId(), false));
 }
 
-AcDbObjectId Cloner::Copy(AcDbObjectId source, AcDbObjectId owner, bool isPrimary)
+namespace {
+
+// Overlays are seen in the drawing that they are attached to, and no further up.
+bool ShowsOverlay(const AcDbObject& object)
 {
-    const AcDbObjectId known = m_map.find(source);
-    if (!known.isNull())
-        return known;
-    const AcDbObject& from = *ObjectOf(source);
-    AcDbObject* copy = AcDbObject::cast(from.clone());
-    if (copy == nullptr)
-        return AcDbObjectId();
-    m_to.Adopt(copy, 0, owner, true);
-    m_map.assign(AcDbIdPair(source, copy->objectId(), true, isPrimary));
-    m_made.push_back(copy->objectId());
-    CopyOwned(from, *copy);
-    copy->close();
-    return copy->objectId();
+    const AcDbBlockReference* insert = AcDbBlockReference::cast(&object);
+    if (insert == nullptr)
+        return false;
+    const AcDbStub* stub = insert->blockTableRecord();
+    const AcDbBlockTableRecord* block = stub == nullptr ? nullptr : AcDbBlockTableRecord::cast(stub->object);
+    return block != nullptr && block->isFromOverlayReference();
 }
 
-// References of the clones: to what was cloned, to what exists on both sides, to table records brought along, else
-// none.
-void Cloner::Translate()
+}   // namespace
+
+// A copy of the entity at the end of the block; null where it cannot be copied.
+AcDbStub* Cloner::Attached(AcDbStub* source, AcDbBlockTableRecord& block, bool isPrimary)
 {
-    // Bringing a record along makes more clones, which are met further on.
-    for (size_t i = 0; i < m_made.size(); ++i) {
-        AcDbObject& clone = *m_made[i]->object;
-        VisitReferences(clone, [&](AcDbObjectId& id, Reference kind) {
-            if (id.isNull())
-                return;
-            const AcDbObjectId mapped = m_map.find(id);
-            if (!mapped.isNull()) {
-                id = mapped;
-                return;
-            }
-            if (id.database() == m_to.database)
-                return;
-            const AcDbObject* target = ObjectOf(id);
-            const AcDbObjectId existing = id.database() == nullptr ? AcDbObjectId() : Existing(id);
-            const TableKind table = target == nullptr ? TableKind::Count : KindOf(m_to, *target);
-            if (!existing.isNull())
-                id = existing;
-            else if (table != TableKind::Count && kind == Reference::HardPointer && !id.isErased())
-                id = CopyRecord(id, table);
-            else if (kind == Reference::HardPointer && target != nullptr && !id.isErased())
-                id = Copy(id, m_to.namedObjects, false);
-            else
-                id.setNull();
-        });
-    }
+    if (!m_xref.IsEmpty() && ShowsOverlay(*source->object))
+        return nullptr;
+    const bool isNew = m_map.find(source).isNull();
+    AcDbStub* copy = Copy(source, block.objectId(), isPrimary);
+    if (copy == nullptr || !isNew)
+        return copy;
+    copy->fromXref = copy->fromXref || !m_xref.IsEmpty();
+    block.attach(copy);
+    static_cast<AcDbEntity*>(copy->object)->setInPaperSpace(block.isPaperSpace());
+    return copy;
 }
 
 Acad::ErrorStatus Cloner::Clone(const AcDbObjectIdArray& objects, AcDbObjectId owner)
@@ -177,27 +82,60 @@ Acad::ErrorStatus Cloner::Clone(const AcDbObjectIdArray& objects, AcDbObjectId o
     AcDbStub* ownerStub = owner;
     if (ownerStub == nullptr || ownerStub->object == nullptr || ownerStub->database != m_to.database)
         return Acad::eInvalidInput;
-    AcDbBlockTableRecord* block = AcDbBlockTableRecord::cast(ownerStub->object);
-    for (int i = 0; i < objects.length(); ++i) {
-        const AcDbObject* source = ObjectOf(objects.at(i));
-        if (source == nullptr || objects.at(i).isErased())
+    for (int i = 0; i < objects.length(); ++i)
+        if (ObjectOf(objects.at(i)) == nullptr || objects.at(i).isErased())
             return Acad::eInvalidInput;
-        const TableKind kind = KindOf(m_to, *source);
-        if (kind != TableKind::Count) {
-            CopyRecord(objects.at(i), kind);
-            continue;
-        }
-        const bool isNew = m_map.find(objects.at(i)).isNull();
-        AcDbStub* copy = Copy(objects.at(i), owner, true);
+    AcDbBlockTableRecord* block = AcDbBlockTableRecord::cast(ownerStub->object);
+    m_block = block == nullptr ? m_to.modelSpace : ownerStub;
+    for (int i = 0; i < objects.length(); ++i) {
+        const AcDbObject& source = *ObjectOf(objects.at(i));
+        const TableKind kind = TableOf(m_to, source);
+        AcDbStub* copy = nullptr;
+        if (kind != TableKind::Count)
+            copy = CopyRecord(objects.at(i), kind);
+        else if (block != nullptr && source.isKindOf(AcDbEntity::desc()))
+            copy = Attached(objects.at(i), *block, true);
+        else
+            copy = Copy(objects.at(i), owner, true);
         if (copy == nullptr)
             return Acad::eNotApplicable;
-        if (isNew && block != nullptr && source->isKindOf(AcDbEntity::desc())) {
-            block->attach(copy);
-            static_cast<AcDbEntity*>(copy->object)->setInPaperSpace(block->isPaperSpace());
-        }
     }
     Translate();
+    CarryGroups();
+    Translate();
+    if (block != nullptr)
+        CarryDrawOrder(objects, *block);
     return Acad::eOk;
+}
+
+namespace {
+
+// Neither a shape file nor a space, an unnamed block or an overlay.
+bool IsNamed(const AcDbSymbolTableRecord& record)
+{
+    const AcDbBlockTableRecord* block = AcDbBlockTableRecord::cast(&record);
+    return !record.nameText().IsEmpty() && record.nameText()[0] != L'*' &&
+           (block == nullptr || !block->isFromOverlayReference());
+}
+
+}   // namespace
+
+void Cloner::CloneXref(DbCore& source, AcDbBlockTableRecord& target)
+{
+    m_xref = target.nameText();
+    m_block = ObjectAccess::Stub(target);
+    m_map.assign(AcDbIdPair(source.modelSpace, m_block, false));
+    // Everything that the xref has a name for is there to be chosen from, used or not.
+    for (TableKind kind :
+         {TableKind::Linetype, TableKind::Layer, TableKind::TextStyle, TableKind::DimStyle, TableKind::Block})
+        for (AcDbStub* stub : source.Table(kind)->records())
+            if (!stub->erased && IsNamed(static_cast<const AcDbSymbolTableRecord&>(*stub->object)))
+                CopyRecord(stub, kind);
+    // Nothing of an xref's draw order is saved with the host: its entities come in that order.
+    const AcDbObjectIdArray shown = InDrawOrder(static_cast<AcDbBlockTableRecord&>(*source.modelSpace->object));
+    for (int i = 0; i < shown.length(); ++i)
+        Attached(shown.at(i), target, true);
+    Translate();
 }
 
 }   // namespace KxPlat

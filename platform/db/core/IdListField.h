@@ -1,6 +1,7 @@
 // A list of ids under one group code.
 #pragma once
 #include "Fields.h"
+#include "Stub.h"
 
 namespace KxPlat {
 
@@ -15,7 +16,8 @@ public:
     void Get(const AcDbObject& object, GroupSink& sink, AcDb::AcDbDwgVersion) const override
     {
         for (AcDbObjectId id : static_cast<const C&>(object).*m_member)
-            sink.Id(m_code, id);
+            if (!IsErased(id))
+                sink.Id(m_code, id);
     }
     void Copy(AcDbObject& to, const AcDbObject& from) const override { Of(to) = static_cast<const C&>(from).*m_member; }
     bool IsEmpty(const AcDbObject& object) const override { return (static_cast<const C&>(object).*m_member).empty(); }
@@ -27,6 +29,8 @@ public:
     }
 
 private:
+    // What was erased is still listed, in case that the erasing is undone, but no longer handed out.
+    static bool IsErased(const AcDbStub* stub) { return stub != nullptr && stub->erased; }
     std::vector<AcDbObjectId>& Of(AcDbObject& object) const { return static_cast<C&>(object).*m_member; }
 
     int m_code;

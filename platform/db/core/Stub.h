@@ -17,6 +17,7 @@ struct AcDbStub {
     bool writing : 1 = false;
     bool notifying : 1 = false;
     bool erased : 1 = false;
+    bool fromXref : 1 = false;   // came with an xref: seen and used, but never saved
 };
 
 namespace KxPlat {
