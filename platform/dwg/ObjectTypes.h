@@ -2,6 +2,7 @@
 #pragma once
 #include "LayoutProgram.h"
 #include "ObjectsIn.h"
+#include <deque>
 #include <unordered_map>
 
 class AcRxClass;
@@ -33,7 +34,7 @@ private:
 
     DwgVersion m_version;
     std::unordered_map<int, const DwgClass*> m_classes;
-    std::vector<ObjectType> m_types;
+    std::deque<ObjectType> m_types;   // never move
     std::vector<std::unique_ptr<LayoutProgram>> m_programs;
 };
 

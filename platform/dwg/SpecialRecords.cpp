@@ -8,6 +8,7 @@
 #include "HeaderRoots.h"
 #include "SpecialPairs.h"
 #include <cmath>
+#include <unordered_set>
 
 namespace KxPlat {
 
@@ -55,9 +56,11 @@ void ReadTable(ObjectDecoder& in, const Step&)
         record = in.Handle();
     if (in.handles.isBroken())
         return;
+    std::unordered_set<uint64_t> met;
     for (uint64_t handle : records) {
-        AcDbSymbolTableRecord* record = handle == 0 ? nullptr : AcDbSymbolTableRecord::cast(in.input.Need(handle));
-        if (record != nullptr && record->isKindOf(table->recordClass()) && !table->has(record->objectId())) {
+        AcDbSymbolTableRecord* record =
+            handle == 0 || !met.insert(handle).second ? nullptr : AcDbSymbolTableRecord::cast(in.input.Need(handle));
+        if (record != nullptr && record->isKindOf(table->recordClass())) {
             table->attach(record->objectId());
             ObjectAccess::Owner(*record) = in.input.StubOf(in.handle);
         }
