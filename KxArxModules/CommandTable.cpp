@@ -5,6 +5,7 @@ namespace KxArxModules {
 namespace {
 
 const int kModal = ACRX_CMD_MODAL;
+const int kTransparent = ACRX_CMD_TRANSPARENT;
 const int kUsesPickSet = ACRX_CMD_USEPICKSET;
 
 struct CommandRow {
@@ -28,6 +29,7 @@ const CommandRow g_commands[] = {
     {L"CleanMlineStyle", L"QLDXYS", M::CmdCleanMlineStyle, kModal},
     {L"CleanDatabase", L"QLSJK", M::CmdCleanDatabase, kModal},
     {L"CleanLayer", L"QLTC", M::CmdCleanLayer, kModal},
+    {L"KxInFile", L"CWJ", M::CmdInsertFile, kTransparent},
     {L"DeleteNoPickObjectInCurSpaceSure", L"DelNPickObjSure", M::CmdDeleteNoPickObjectInCurSpaceSure, kUsesPickSet},
     {L"DeleteNoPickObjectInCurSpace", L"SWXDX", M::CmdDeleteNoPickObjectInCurSpace, kUsesPickSet},
     {L"HidePickObject", L"XDXYC", M::CmdHidePickObject, kUsesPickSet},
@@ -48,14 +50,25 @@ const CommandRow g_commands[] = {
     {L"UnLockPickLayer", L"JSCSD", M::CmdUnLockPickLayer, kUsesPickSet},
     {L"UnLockAllLayer", L"TCJSQB", M::CmdUnLockAllLayer, kModal},
     {L"ReverseLockPickLayer", L"TCSDQF", M::CmdReverseLockPickLayer, kModal},
+    {L"ChangePickObjectLayer", L"MBGC", M::CmdChangePickObjectLayer, kUsesPickSet},
     {L"SaveLayerStatus", L"BCTCZT", M::CmdSaveLayerStatus, kModal},
     {L"RecoverLayerStatus", L"HFTCZT", M::CmdRecoverLayerStatus, kModal},
     {L"KxListCloseLayer", L"KXKGBTC", M::CmdKxListCloseLayer, kModal},
     {L"KxListForzenLayer", L"KXKDJTC", M::CmdKxListForzenLayer, kModal},
     {L"KxListLockLayer", L"KXKSDTC", M::CmdKxListLockLayer, kModal},
     {L"KxLayerWalk", L"KXTCLL", M::CmdKxLayerWalk, kModal},
+    {L"KxSetCurLayer", L"KXDQTC", M::CmdKxSetCurLayer, kUsesPickSet},
+    {L"KxObjectChangeToCurLayer", L"KXMBDQTC", M::CmdKxObjectChangeToCurLayer, kUsesPickSet},
+    {L"KxCombineLayer", L"KXTCHB", M::CmdKxCombineLayer, kModal},
     {L"KxAddToolTipToObject", L"KXTSWZ", M::CmdAddToolTipToObject, kUsesPickSet},
     {L"KxRemoveToolTipToObject", L"KXRMTSWZ", M::CmdRemoveToolTipToObject, kUsesPickSet},
+    {L"KxPickObjectDeleteLayerObjects", L"KXSTCST", M::CmdPickObjectDeleteLayerObjects, kUsesPickSet},
+    {L"KxDlgAbout", L"KXGY", M::CmdDlgAbout, kModal},
+    {L"MakeGroup", L"KXBZ", M::CmdMakeGroup, kModal},
+    {L"ZValueToZero", L"KXZZGL", M::CmdZValueToZero, kModal},
+    {L"SetLayerToFront", L"KXTCQZ", M::CmdSetLayerToFront, kModal},
+    {L"SetlayerToBack", L"KXTCHZ", M::CmdSetlayerToBack, kModal},
+    {L"KxAlignText", L"KXWZDQ", M::CmdKxAlignText, kModal},
     {L"LoadProFromIni", L"KXLDP", M::CmdLoadProFromIni, kModal},
     {L"UnLoadProFromIni", L"KXULDP", M::CmdUnLoadProFromIni, kModal},
 };

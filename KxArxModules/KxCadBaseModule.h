@@ -48,6 +48,7 @@ public:
     static void CmdCleanMlineStyle();
     static void CmdCleanDatabase();
     static void CmdCleanLayer();
+    static void CmdInsertFile();
     static void CmdDeleteNoPickObjectInCurSpaceSure();
     static void CmdDeleteNoPickObjectInCurSpace();
     static void CmdHidePickObject();
@@ -68,14 +69,25 @@ public:
     static void CmdUnLockPickLayer();
     static void CmdUnLockAllLayer();
     static void CmdReverseLockPickLayer();
+    static void CmdChangePickObjectLayer();
     static void CmdSaveLayerStatus();
     static void CmdRecoverLayerStatus();
     static void CmdKxListCloseLayer();
     static void CmdKxListForzenLayer();
     static void CmdKxListLockLayer();
     static void CmdKxLayerWalk();
+    static void CmdKxSetCurLayer();
+    static void CmdKxObjectChangeToCurLayer();
+    static void CmdKxCombineLayer();
     static void CmdAddToolTipToObject();
     static void CmdRemoveToolTipToObject();
+    static void CmdPickObjectDeleteLayerObjects();
+    static void CmdDlgAbout();
+    static void CmdMakeGroup();
+    static void CmdZValueToZero();
+    static void CmdSetLayerToFront();
+    static void CmdSetlayerToBack();
+    static void CmdKxAlignText();
     static void CmdLoadProFromIni();
     static void CmdUnLoadProFromIni();
 

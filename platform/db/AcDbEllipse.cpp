@@ -104,8 +104,10 @@ Acad::ErrorStatus AcDbEllipse::transformBy(const AcGeMatrix3d& transform)
         minor.negate();
         turned += kPi / 2;
     }
+    if (minor.isZeroLength())
+        return Acad::eDegenerateGeometry;
     m_center.transformBy(transform);
-    m_ratio = major.isZeroLength() ? 1 : minor.length() / major.length();
+    m_ratio = minor.length() / major.length();
     m_majorAxis = major;
     if (!major.crossProduct(minor).isZeroLength())
         m_normal = major.crossProduct(minor).normal();

@@ -1,4 +1,5 @@
 #include "AcDbEntity.h"
+#include "AcDbAttribute.h"
 #include "AcDbDatabase.h"
 #include "AcDbLayerTableRecord.h"
 #include "AcDbSymbolTableRecord.h"
@@ -87,14 +88,26 @@ ACHAR* AcDbEntity::layer() const
     return NameOfRecord(m_layer);
 }
 
-Acad::ErrorStatus AcDbEntity::setLayer(AcDbObjectId layer, bool, bool)
+// Vertices and end marks go with the entity; attributes have layers of their own.
+Acad::ErrorStatus AcDbEntity::setLayer(AcDbObjectId layer, bool doSubents, bool)
 {
     if (layer.objectClass() == nullptr || !layer.objectClass()->isDerivedFrom(AcDbLayerTableRecord::desc()))
         return Acad::eInvalidLayer;
     const Acad::ErrorStatus status = assertWriteEnabled();
-    if (status == Acad::eOk)
-        m_layer = layer;
-    return status;
+    if (status != Acad::eOk)
+        return status;
+    m_layer = layer;
+    if (!doSubents || parts() == nullptr)
+        return Acad::eOk;
+    for (AcDbStub* stub : *parts()) {
+        AcDbEntity* part = nullptr;
+        if (stub->erased || acdbOpenObject(part, AcDbObjectId(stub), AcDb::kForWrite) != Acad::eOk)
+            continue;
+        if (AcDbAttribute::cast(part) == nullptr)
+            part->setLayer(layer, true);
+        part->close();
+    }
+    return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbEntity::setLayer(const ACHAR* layer, bool doSubents, bool allowHiddenLayer)

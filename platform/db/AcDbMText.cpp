@@ -206,10 +206,11 @@ Acad::ErrorStatus AcDbMText::transformBy(const AcGeMatrix3d& transform)
         return status;
     const AcGeVector3d along = transform * direction();
     const AcGeVector3d up = transform * m_normal.crossProduct(direction());
+    if (along.isZeroLength())
+        return Acad::eDegenerateGeometry;
     const double scale = along.length() / direction().length();
     m_location.transformBy(transform);
-    if (!along.isZeroLength())
-        m_direction = along.normal();
+    m_direction = along.normal();
     m_rotation = 0;
     m_width *= scale;
     m_height *= up.isZeroLength() ? scale : up.length() / direction().length();

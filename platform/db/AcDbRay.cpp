@@ -32,6 +32,8 @@ Acad::ErrorStatus EndlessLine::transformBy(const AcGeMatrix3d& transform)
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;
+    if ((transform * m_direction).isZeroLength())
+        return Acad::eDegenerateGeometry;
     m_base.transformBy(transform);
     m_direction.transformBy(transform).normalize();
     return Acad::eOk;

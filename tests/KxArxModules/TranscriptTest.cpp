@@ -1,6 +1,9 @@
-// Whole commands as a drafter types them. Each folder of tests/transcripts holds a drawing, the lines typed and the
-// text that the user must see; tools/renew-transcripts writes that text anew, for review.
+// Whole commands as a drafter types them. Each folder of tests/transcripts holds a drawing, or the name of a real one,
+// the lines typed, and the text that the user must see. A line "^=" adds to that text what has changed in the drawing
+// since its start. tools/renew-transcripts writes the text anew, for review.
+#include "ap/AcApDocument.h"
 #include "db/core/Stub.h"
+#include "DrawingState.h"
 #include "ed/acedads.h"
 #include "ed/Session.h"
 #include "rx/ResBufs.h"
@@ -14,6 +17,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -39,22 +43,53 @@ std::vector<std::string> Names()
     return names;
 }
 
-// Types the lines of input.txt on the drawing, with the module loaded. A line "^[" is Esc.
+// The drawing of a transcript; a real one may be absent.
+std::string DrawingOf(const std::string& folder)
+{
+    std::string name = Contents(folder + "/drawing.txt");
+    name.erase(name.find_last_not_of(" \r\n") + 1);
+    if (name.empty())
+        return folder + "/drawing.dxf";
+    return name.rfind("samples/", 0) == 0 ? KX_SAMPLES + name.substr(7) : KX_DRAWINGS "/" + name;
+}
+
+std::string SaidBy(KxPlat::ScriptedUi& ui)
+{
+    const std::string said =
+        KxPlat::ToUtf8(ui.TakePrinted() + L"\n" + std::exchange(ui.complained, L"") + std::exchange(ui.boxes, L""));
+    return said;
+}
+
+// Types the lines of input.txt on the drawing, with the module loaded. A line "^[" is Esc; "^y" and "^n" answer the
+// next message box.
 std::string Play(const std::string& folder, KxPlat::ScriptedUi& ui)
 {
     KxPlat::SessionOptions options;
     KxPlat::Session session(options);
     AcApDocument* document = nullptr;
     std::wstring why;
-    EXPECT_EQ(KxPlat::OpenDrawing(KxPlat::DrivePath(folder + "/drawing.dxf"), document, why), Acad::eOk)
+    EXPECT_EQ(KxPlat::OpenDrawing(KxPlat::DrivePath(DrawingOf(folder)), document, why), Acad::eOk)
         << KxPlat::ToUtf8(why);
     EXPECT_EQ(acedArxLoad(KxPlat::DrivePath(KX_BIN "/KxArxBase.arx").c_str()), RTNORM);
-    std::istringstream lines(Contents(folder + "/input.txt"));
-    for (std::string line; std::getline(lines, line);)
-        ui.answers.push_back(line == "^[" ? L"\x1b" : KxPlat::FromUtf8(line));
     ui.TakePrinted();
+    const std::string input = Contents(folder + "/input.txt");
+    const bool compares = input.find("^=\n") != std::string::npos;
+    const KxTest::DrawingState before = compares ? KxTest::StateOf(*document->database()) : KxTest::DrawingState();
+    std::istringstream lines(input);
+    std::string said;
+    for (std::string line; std::getline(lines, line);) {
+        if (line == "^y" || line == "^n") {
+            ui.boxAnswers.push_back(line == "^y" ? IDYES : IDNO);
+        } else if (line != "^=") {
+            ui.answers.push_back(line == "^[" ? L"\x1b" : KxPlat::FromUtf8(line));
+        } else {
+            session.Loop();
+            said += SaidBy(ui);
+            said += "-- changes --\n" + KxTest::Changes(before, KxTest::StateOf(*document->database()));
+        }
+    }
     session.Loop();
-    return KxPlat::ToUtf8(ui.TakePrinted() + L"\n" + ui.complained + ui.boxes);
+    return said + SaidBy(ui);
 }
 
 class Transcript : public testing::TestWithParam<std::string> {};
@@ -64,6 +99,8 @@ class Transcript : public testing::TestWithParam<std::string> {};
 TEST_P(Transcript, SaysWhatWasRecorded)
 {
     const std::string folder = g_folder + "/" + GetParam();
+    if (!std::filesystem::exists(DrawingOf(folder)))
+        GTEST_SKIP() << "no drawing " << DrawingOf(folder);
     const long openObjects = KxPlat::OpenObjectCount();
     const long resBufs = KxPlat::LiveResBufs();
     KxPlat::ScriptedUi ui;
