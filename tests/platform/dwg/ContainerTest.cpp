@@ -60,24 +60,6 @@ TEST_P(SharedDwg, ItsOwnPartsAreReadToTheirLastBit)
 
 INSTANTIATE_TEST_SUITE_P(Dwg, SharedDwg, testing::ValuesIn(DwgFiles::All()),
                          [](const auto& row) { return DwgFiles::NameOf(row.param); });
-GTEST_ALLOW_UNTEST_P(SharedDwg, ItsOwnPartsAreReadToTheirLastBit)
-{
-    MappedFile file;
-    ASSERT_EQ(file.Open(GetParam()), 0);
-    DwgSections sections;
-    DwgReport report;
-    ASSERT_TRUE(ReadContainer(file.View(), sections, report)) << report.error();
-    const SectionForm form = {sections.version, sections.maintenance,
-                              TextCodec(CodePageOfNumber(sections.codePage).windows)};
-    const HeaderContents header = ReadHeader(sections.BytesOf(kHeaderSection), form, report);
-    EXPECT_NE(header.roots.namedObjects, 0u);
-    EXPECT_NE(header.roots.modelSpace, 0u);
-    for (const DwgClass& row : ReadClasses(sections.BytesOf(kClassesSection), form, report))
-        EXPECT_GE(row.number, 500);
-    EXPECT_GT(ReadObjectMap(sections.BytesOf(kHandlesSection), report).size(), 100u);
-    EXPECT_EQ(report.mendedCount(), 0u) << report.lines()[0];
-}
-
-INSTANTIATED_PARAMETERIZED_TEST(SharedDwg);
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(SharedDwg);
 
 }   // namespace
