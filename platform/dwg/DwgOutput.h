@@ -20,6 +20,7 @@ public:
     const DwgVersion version;
     TextCodec codec;
     DwgRoots roots;
+    uint64_t layerZero = 0;
     std::unordered_set<const AcDbStub*> dropped;        // live, but not in this file
     std::unordered_map<std::string, AcDbStub*> books;   // colours of colour books by their names
 
