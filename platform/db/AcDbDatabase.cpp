@@ -196,7 +196,7 @@ Acad::ErrorStatus AcDbDatabase::readDwgFile(const ACHAR* fileName, int, bool, co
         return Acad::eInvalidInput;
     if (m_core->namedObjects != nullptr)
         return Acad::eInvalidInput;
-    const FileFormat* format = FormatOf(fileName);
+    const FileFormat* format = FormatOfFile(fileName);
     if (format == nullptr)
         return Acad::eInvalidFileExtension;
     ReadReport& report = LastReadReport();

@@ -359,6 +359,10 @@ const HeaderRow kRows[] = {
     {"reserved20", Short, 0xFFFF, kR13, kR2007},
     {"reserved21", Short, 0xFFFF, kR13, kR2007},
     {"reserved22", Short, 0xFFFF, kR13, kR2007},
+    // Nothing is known of these but that the last is the code page.
+    {"reserved30", Short, 0, kR13, kR14},
+    {"reserved31", Short, 0, kR13, kR14},
+    {"reserved32", Byte, 30, kR13, kR14},
 };
 
 }   // namespace

@@ -1,6 +1,6 @@
 #include "FileFormats.h"
 #include "../../win/CharTables.h"
-#include <vector>
+#include "../../win/Files.h"
 
 namespace KxPlat {
 
@@ -29,9 +29,27 @@ const FileFormat* FormatOf(std::wstring_view path)
     return nullptr;
 }
 
+const FileFormat* FormatOfFile(std::wstring_view path)
+{
+    constexpr size_t kEnough = 4096;
+    const std::string hostPath = HostPath(path);
+    MappedFile file;   // a look into a pipe would take from it
+    if (FileInfoOf(hostPath).isRegular && file.Open(hostPath) == 0)
+        for (const FileFormat& format : Formats())
+            if (format.isOf(file.View().substr(0, kEnough)))
+                return &format;
+    return FormatOf(path);
+}
+
 ReadReport& LastReadReport()
 {
     static ReadReport report;
+    return report;
+}
+
+WriteReport& LastWriteReport()
+{
+    static WriteReport report;
     return report;
 }
 

@@ -1,0 +1,53 @@
+// Enters DWG files in the database's table of formats.
+#include "../db/core/FileFormats.h"
+#include "../win/CodePage.h"
+#include "../win/Files.h"
+#include "Container.h"
+#include "DwgReader.h"
+#include "DwgVersion.h"
+
+namespace KxPlat {
+
+namespace {
+
+Acad::ErrorStatus Read(AcDbDatabase& database, const wchar_t* path, ReadReport& report)
+{
+    MappedFile file;
+    if (const int error = file.Open(HostPath(path))) {
+        report.error = SystemErrorText(error);
+        return Acad::eFileAccessErr;
+    }
+    DwgReport heard;
+    const bool isRead = ReadDwg(database, file.View(), heard);
+    report.repairs = heard.mendedCount();
+    report.lost = heard.lostCount();
+    for (const std::string& line : heard.lines())
+        report.lines.push_back(FromUtf8(line));
+    if (!report.lines.empty())
+        report.firstRepair = report.lines[0];
+    if (isRead)
+        return Acad::eOk;
+    report.error = FromUtf8(heard.error());
+    return DwgVersionOf(file.View()) == AcDb::kDHL_CURRENT ? Acad::eInvalidDwgVersion : Acad::eDwgNeedsRecovery;
+}
+
+Acad::ErrorStatus Write(AcDbDatabase&, const wchar_t*, AcDb::AcDbDwgVersion, bool, int)
+{
+    return Acad::eNotImplementedYet;
+}
+
+bool IsDwg(std::string_view firstBytes)
+{
+    return firstBytes.starts_with("AC1") && firstBytes.find_first_of("\r\n") == firstBytes.npos;
+}
+
+const bool g_isEntered = [] {
+    AddFileFormat({L".dwg", Read, Write, IsDwg, [](AcDb::AcDbDwgVersion wanted) {
+                       return wanted < kR2004 && wanted != AcDb::kDHL_CURRENT ? kR2000 : kR2010;
+                   }});
+    return true;
+}();
+
+}   // namespace
+
+}   // namespace KxPlat

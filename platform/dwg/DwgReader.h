@@ -1,0 +1,15 @@
+// Reads a DWG file into an empty database.
+#pragma once
+#include "DwgReport.h"
+#include "ObjectsIn.h"
+#include <string_view>
+
+class AcDbDatabase;
+
+namespace KxPlat {
+
+// False, and the report says why, when nothing can be had from the file. What is damaged costs itself and a line of the
+// report.
+bool ReadDwg(AcDbDatabase& database, std::string_view file, DwgReport& report, ObjectsRead* read = nullptr);
+
+}   // namespace KxPlat
