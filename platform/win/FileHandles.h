@@ -1,5 +1,5 @@
 // Files by handle. Names are in drive form or in the system's.
-// What one handle shares with others is not enforced: two writers are kept apart by LockFileEx alone.
+// What one handle does not share is refused to the others with 32, as far as they are programs of this system.
 #pragma once
 #include "KxWinTypes.h"
 

@@ -233,7 +233,9 @@ LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const
         return place.error;
     if ((place.access & KEY_SET_VALUE) == 0)
         return ERROR_ACCESS_DENIED;
-    if ((data == nullptr && size != 0) || TextOf(name).size() > KxPlat::kLongestValueName)
+    if (data == nullptr && size != 0)
+        return ERROR_NOACCESS;
+    if (TextOf(name).size() > KxPlat::kLongestValueName)
         return ERROR_INVALID_PARAMETER;
     return ChangeKey(place, ERROR_KEY_DELETED, [&](RegistryKey& target) {
         target.SetValue(TextOf(name), type, FileBytes(type, data, size));

@@ -58,7 +58,7 @@ int Answer(const std::basic_string<Char>& result, Char* out, int outSize)
 
 bool AreGoodArguments(UINT codePage, const void* text, int count, const void* out, int outSize)
 {
-    return text != nullptr && count != 0 && count >= -1 && outSize >= 0 && (outSize == 0 || out != nullptr) &&
+    return text != nullptr && count != 0 && outSize >= 0 && (outSize == 0 || out != nullptr) &&
            KxPlat::IsCodePage(codePage);
 }
 

@@ -6,7 +6,7 @@ extern "C" {
 UINT GetACP();
 BOOL IsDBCSLeadByte(BYTE byte);
 BOOL IsDBCSLeadByteEx(UINT codePage, BYTE byte);
-// A count of -1 takes a terminated text with its terminator; an output size of 0 asks for the size. 0 means failure:
+// A negative count takes a terminated text with its terminator; an output size of 0 asks for the size. 0 means failure:
 // a wrong argument or code page (87), too little room (122), with MB_ERR_INVALID_CHARS a byte that is no character
 // (1113).
 int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR bytes, int count, LPWSTR out, int outSize);

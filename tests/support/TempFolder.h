@@ -14,8 +14,7 @@ public:
     TempFolder()
     {
         std::random_device random;
-        m_path =
-            std::filesystem::temp_directory_path() / ("kxtest-" + std::to_string(random()) + std::to_string(random()));
+        m_path = TempRoot() / ("kxtest-" + std::to_string(random()) + std::to_string(random()));
         std::filesystem::create_directories(m_path);
     }
     ~TempFolder()

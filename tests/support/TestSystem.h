@@ -6,6 +6,14 @@
 
 namespace KxTest {
 
+// True on Wine, for rows that do not hold there.
+constexpr bool kOnWine = false;
+
+inline std::filesystem::path TempRoot()
+{
+    return std::filesystem::temp_directory_path();
+}
+
 // The drive form of an absolute path.
 inline std::wstring DriveForm(const std::filesystem::path& path)
 {

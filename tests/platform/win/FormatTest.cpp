@@ -1,19 +1,27 @@
-// The formatter, row by row against what the Microsoft C runtime of the host's release answers.
-#include "win/Format.h"
-#include "win/CodePage.h"
-#include "win/CrtText.h"
-#include <cmath>
+// The formatter, row by row against what the Microsoft C runtime of the host's release answers. Windows names only.
+#include "KxWin.h"
+#include "support/AnsiPage.h"
+#include "support/TestSystem.h"
 #include <gtest/gtest.h>
 #include <limits>
 
 namespace {
 
-using KxPlat::Format;
 using namespace std::string_literals;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 const wchar_t* const kNoText = nullptr;
 const char* const kNoBytes = nullptr;
+
+std::wstring Format(const wchar_t* format, ...)
+{
+    wchar_t buffer[512] = {};
+    va_list arguments;
+    va_start(arguments, format);
+    const int length = _vsnwprintf(buffer, ARRAYSIZE(buffer), format, arguments);
+    va_end(arguments);
+    return std::wstring(buffer, size_t(length));
+}
 
 struct Row {
     int line;
@@ -42,7 +50,6 @@ TEST(Format, Texts)
         {__LINE__, Format(L"%.3s", kNoText), L"(nu"},
         {__LINE__, Format(L"%*s|%-*s|%*s|", 4, L"a", 3, L"b", -3, L"c"), L"   a|b  |c  |"},
         {__LINE__, Format(L"%s层 %d 个", L"墙体", 3), L"墙体层 3 个"},
-        {__LINE__, Format(L"%S", "\xE4\xB8\xAD"), L"中"},
         {__LINE__, Format(L"%c%C", L'中', 'x'), L"中x"},
         {__LINE__, Format(L"%c|", 0), L"\0|"s},
         {__LINE__, Format(L"%3c|", L'x'), L"  x|"},
@@ -64,7 +71,6 @@ TEST(Format, Integers)
         {__LINE__, Format(L"%08lx", 0xBEEFul), L"0000beef"},
         {__LINE__, Format(L"%08lX", 0xDEADBEEFul), L"DEADBEEF"},
         {__LINE__, Format(L"%Ld|%d", -1L, 7), L"-1|7"},
-        {__LINE__, Format(L"%ld %Lu", 0x100000002L, 0x100000002L), L"4294967298 4294967298"},
         {__LINE__, Format(L"%lld %I64d", 0x100000002LL, 0x100000002LL), L"4294967298 4294967298"},
         {__LINE__, Format(L"%I64X %I32d %Id", -1LL, -5, -5LL), L"FFFFFFFFFFFFFFFF -5 -5"},
         {__LINE__, Format(L"%I64d", std::numeric_limits<long long>::min()), L"-9223372036854775808"},
@@ -73,7 +79,7 @@ TEST(Format, Integers)
         {__LINE__, Format(L"%hd", 70000), L"4464"},
         {__LINE__, Format(L"%+d % d", 5, 5), L"+5  5"},
         {__LINE__, Format(L"%5d|%-5d|%05d", -7, -7, -7), L"   -7|-7   |-0007"},
-        {__LINE__, Format(L"%.3d|%05.3d|%.0d", 7, 7, 0), L"007|  007|"},
+        {__LINE__, Format(L"%.3d|%.0d", 7, 0), L"007|"},
         {__LINE__, Format(L"%*d", 6, 42), L"    42"},
         {__LINE__, Format(L"%o", 8), L"10"},
         {__LINE__, Format(L"%p", reinterpret_cast<void*>(0x1234AB)), L"00000000001234AB"},
@@ -131,10 +137,31 @@ TEST(Format, PercentSignsAndUnknownLetters)
 
 TEST(Format, NarrowTextsAreInTheAnsiCodePage)
 {
-    const unsigned before = KxPlat::AnsiCodePage();
-    ASSERT_TRUE(KxPlat::SetAnsiCodePage(936));
-    EXPECT_EQ(Format(L"%S|%hs", "\xD6\xD0\xCE\xC4", "\xC7\xBD"), L"中文|墙");
-    KxPlat::SetAnsiCodePage(before);
+    static const struct {
+        unsigned page;
+        const char *first, *second;
+        const wchar_t* text;
+    } rows[] = {{936, "\xD6\xD0\xCE\xC4", "\xC7\xBD", L"中文|墙"}, {65001, "\xE4\xB8\xAD", "", L"中|"}};
+    for (const auto& row : rows) {
+        const KxTest::AnsiPage page(row.page);
+        if (page.IsSet() && !KxTest::kOnWine) {   // there the C runtime has a locale of its own, "C"
+            EXPECT_EQ(Format(L"%S|%hs", row.first, row.second), row.text);
+        }
+    }
+}
+
+TEST(Format, APrecisionTakesTheZeroFlagAway)
+{
+    if (KxTest::kOnWine)
+        GTEST_SKIP() << "Wine's C runtime pads with zeros all the same";
+    EXPECT_EQ(Format(L"%05.3d|", 7), L"  007|");
+}
+
+TEST(Format, ALongIsThisSystems)
+{
+    const long most = std::numeric_limits<long>::max();
+    const std::wstring expected = std::to_wstring(most);
+    EXPECT_EQ(Format(L"%ld|%Ld|%lu|%d", most, most, most, 7), expected + L"|" + expected + L"|" + expected + L"|7");
 }
 
 TEST(CrtText, PrintsIntoABuffer)
@@ -169,13 +196,15 @@ TEST(CrtText, NumbersAtTheStartOfATextCount)
                                      {L"+7", 7, 7},       {L"--5", 0, 0},
                                      {L"+-5", 0, 0},      {L"18.1s (LMS)", 18.1, 18}};
     for (const NumberRow& row : rows) {
-        EXPECT_EQ(_wtof(row.text), row.real) << KxPlat::ToUtf8(row.text);
-        EXPECT_EQ(_wtoi(row.text), row.whole) << KxPlat::ToUtf8(row.text);
+        EXPECT_EQ(_wtof(row.text), row.real) << testing::PrintToString(row.text);
+        EXPECT_EQ(_wtoi(row.text), row.whole) << testing::PrintToString(row.text);
     }
     EXPECT_EQ(_wtoi(L"2147483648"), 2147483647);
     EXPECT_EQ(_wtoi(L"-99999999999"), -2147483647 - 1);
     EXPECT_EQ(_wtoi64(L"-9223372036854775808"), std::numeric_limits<long long>::min());
-    EXPECT_EQ(_wtoi64(L"99999999999999999999"), std::numeric_limits<long long>::max());
+    if (!KxTest::kOnWine) {   // there the number wraps around
+        EXPECT_EQ(_wtoi64(L"99999999999999999999"), std::numeric_limits<long long>::max());
+    }
     EXPECT_EQ(_wtof(L"1e999"), kInfinity);
 }
 
@@ -189,7 +218,9 @@ TEST(CrtText, ComparisonAnswersTheDifferenceOfLowerCase)
     EXPECT_EQ(_wcsnicmp(L"Layer1", L"LAYER2", 5), 0);
     wchar_t text[] = L"straße Ärger";
     EXPECT_STREQ(_wcsupr(text), L"STRAßE ÄRGER");
-    EXPECT_STREQ(_wcslwr(text), L"straße ärger");
+    if (!KxTest::kOnWine) {   // there the C runtime knows the letters of ASCII only, until a locale is set
+        EXPECT_STREQ(_wcslwr(text), L"straße ärger");
+    }
 }
 
 TEST(CrtText, WritesNumbersInAnyRadix)

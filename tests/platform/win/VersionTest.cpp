@@ -1,11 +1,9 @@
+// Windows names only: these rows hold on any implementation of the calls.
 #include "KxWin.h"
 #include "support/ProgramFile.h"
 #include "support/TempFolder.h"
-#include "win/OwnVersion.h"
 #include <cstring>
 #include <gtest/gtest.h>
-
-KX_OWN_VERSION("ProductName=Kx 测试\nFileVersion=1.2.3.4\nProductVersion=18.1.0.0\n")
 
 namespace {
 
@@ -130,32 +128,14 @@ TEST(Version, DamagedFilesAreRefusedOrReadWithinTheirBounds)
 
 TEST(Version, DeepNestingIsRefused)
 {
+    if (KxTest::kOnWine)
+        GTEST_SKIP() << "Wine hands the block out as it is and looks at it when asked";
     std::string node = VersionNode(u"VS_VERSION_INFO", 0, 0, "");
     for (int depth = 0; depth < 2000; ++depth)
         node = VersionNode(u"VS_VERSION_INFO", 0, 0, "", {node});
     const TempFolder folder;
     folder.Write("x.exe", ProgramFile(node, true));
     EXPECT_EQ(BlockOf(folder.DrivePath(L"x.exe")), "");
-}
-
-TEST(Version, OwnProgramCarriesOne)
-{
-    wchar_t file[520];
-    GetModuleFileNameW(nullptr, file, 520);
-    const auto product = [&] { return Text(BlockOf(file), L"\\StringFileInfo\\040904b0\\ProductVersion"); };
-    EXPECT_EQ(Text(BlockOf(file), L"\\StringFileInfo\\040904b0\\ProductName"), L"Kx 测试");
-    EXPECT_EQ(product(), L"18.1.0.0");
-    KxPlat::SetOwnProductVersion(L"18.2");
-    EXPECT_EQ(product(), L"18.2");
-    void* value = nullptr;
-    UINT length = 0;
-    const std::string block = BlockOf(file);
-    ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", &value, &length));
-    VS_FIXEDFILEINFO fixed = {};
-    std::memcpy(&fixed, value, sizeof fixed);
-    EXPECT_EQ(fixed.dwProductVersionMS, 0x00120002u);
-    EXPECT_EQ(fixed.dwFileVersionMS, 0x00010002u);
-    KxPlat::SetOwnProductVersion(L"");
 }
 
 }   // namespace

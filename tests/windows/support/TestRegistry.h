@@ -31,7 +31,7 @@ private:
     }
     static void Clear()
     {
-        for (const wchar_t* key : {L"SOFTWARE\\Autodesk", L"SOFTWARE\\Kx", L"Top"}) {
+        for (const wchar_t* key : {L"SOFTWARE\\Autodesk", L"SOFTWARE\\Kx", L"SOFTWARE\\KxTest", L"Top"}) {
             RegDeleteTreeW(HKEY_CURRENT_USER, key);
             RegDeleteTreeW(HKEY_LOCAL_MACHINE, key);
         }

@@ -7,6 +7,15 @@
 
 namespace KxTest {
 
+// For rows that do not hold there, each with its reason.
+constexpr bool kOnWine = true;
+
+// On drive Z:, which is the root of the system around Wine.
+inline std::filesystem::path TempRoot()
+{
+    return L"Z:\\tmp";
+}
+
 inline std::wstring DriveForm(const std::filesystem::path& path)
 {
     return std::filesystem::path(path).make_preferred().wstring();
