@@ -1,5 +1,6 @@
 #include "DbZValue.h"
 #include "Opened.h"
+#include "ResBufChain.h"
 #include <memory>
 
 namespace KxArxBase::Db {
@@ -13,10 +14,37 @@ AcGeMatrix3d DropToPlane()
     return map;
 }
 
+bool IsPointGroup(int code)
+{
+    return code >= 10 && code <= 18;
+}
+
+// By the groups that the host tells of the entity; false for one that has no points.
+bool HasFlatPoints(const AcDbEntity& entity)
+{
+    ads_name name;
+    if (acdbGetAdsName(name, entity.objectId()) != Acad::eOk)
+        return false;
+    const ResBufChain groups(acdbEntGet(name));
+    bool hasPoints = false;
+    for (const resbuf* group = groups.get(); group != nullptr; group = group->rbnext) {
+        if (!IsPointGroup(group->restype))
+            continue;
+        hasPoints = true;
+        if (group->resval.rpoint[Z] != 0.0)
+            return false;
+    }
+    return hasPoints;
+}
+
+// The extents of a dimension are those of its picture, which say nothing of the points that it measures.
 bool IsFlat(const AcDbEntity& entity)
 {
     AcDbExtents extents;
-    return entity.getGeomExtents(extents) == Acad::eOk && extents.minPoint().z == 0.0 && extents.maxPoint().z == 0.0;
+    const bool hasExtents = entity.getGeomExtents(extents) == Acad::eOk;
+    if (hasExtents && (extents.minPoint().z != 0.0 || extents.maxPoint().z != 0.0))
+        return false;
+    return (hasExtents && AcDbDimension::cast(&entity) == nullptr) || HasFlatPoints(entity);
 }
 
 AcGeVector3d NormalOf(const AcDbEntity& entity)
@@ -120,8 +148,7 @@ Acad::ErrorStatus Lay(AcDbEntity& entity, bool& changed)
 {
     if (AcDbBlockReference* reference = AcDbBlockReference::cast(&entity))
         return LayInsertion(*reference, changed);
-    const AcDbDimension* dimension = AcDbDimension::cast(&entity);
-    if (dimension == nullptr && IsFlat(entity))
+    if (IsFlat(entity))
         return Acad::eOk;
     const AcGeVector3d normal = NormalOf(entity);
     if (!normal.isParallelTo(AcGeVector3d::kZAxis)) {
@@ -137,6 +164,7 @@ Acad::ErrorStatus Lay(AcDbEntity& entity, bool& changed)
     }
     const Acad::ErrorStatus es = entity.transformBy(DropToPlane());
     changed = changed || es == Acad::eOk;
+    const AcDbDimension* dimension = AcDbDimension::cast(&entity);
     if (es == Acad::eOk && dimension != nullptr)
         LayPicture(dimension->dimBlockId(), changed);
     return es;
@@ -150,9 +178,7 @@ Acad::ErrorStatus SetZValueToZero(AcDbObjectId id, bool& changed)
     Opened<AcDbEntity> entity(id, AcDb::kForRead);
     if (!entity)
         return entity.status();
-    const bool mayStay =
-        AcDbDimension::cast(entity.get()) == nullptr && AcDbBlockReference::cast(entity.get()) == nullptr;
-    if (mayStay && IsFlat(*entity.get()))
+    if (AcDbBlockReference::cast(entity.get()) == nullptr && IsFlat(*entity.get()))
         return Acad::eOk;
     const Acad::ErrorStatus es = entity->upgradeOpen();
     return es == Acad::eOk ? Lay(*entity.get(), changed) : es;

@@ -62,7 +62,7 @@ bool AskExisting(const CString& name, Existing& existing, bool& again)
     wchar_t keyword[MAX_PATH] = {};
     const int answer = acedGetKword(prompt, keyword);
     again = answer == RTNORM && keyword[0] == L'N';
-    existing = answer == RTNORM && keyword[0] == L'R' ? Existing::Redefine : Existing::Use;
+    existing = again ? Existing::None : answer == RTNORM && keyword[0] == L'R' ? Existing::Redefine : Existing::Use;
     return answer == RTNORM || answer == RTNONE;
 }
 

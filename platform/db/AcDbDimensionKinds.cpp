@@ -192,14 +192,40 @@ Acad::ErrorStatus AcDbRotatedDimension::setRotation(double angle)
     return Assign(*this, m_angle, Degrees(angle));
 }
 
-double AcDb2LineAngularDimension::Measured() const
+namespace {
+
+// The shares of u and v that make up a vector of their plane; false for parallel ones.
+bool Shares(const AcGeVector3d& vector, const AcGeVector3d& u, const AcGeVector3d& v, double& ofU, double& ofV)
 {
-    return (m_end1 - m_start1).angleTo(m_definition - m_start2);
+    const AcGeVector3d normal = u.crossProduct(v);
+    if (normal.isZeroLength())
+        return false;
+    ofU = vector.crossProduct(v).dotProduct(normal) / normal.lengthSqrd();
+    ofV = u.crossProduct(vector).dotProduct(normal) / normal.lengthSqrd();
+    return true;
 }
 
+}   // namespace
+
+// Of the four angles between the lines, the one that the arc lies in.
+double AcDb2LineAngularDimension::Measured() const
+{
+    const AcGeVector3d u = m_end1 - m_start1, v = m_definition - m_start2;
+    double alongU = 0, alongV = 0;
+    if (!Shares(m_start2 - m_start1, u, v, alongU, alongV))
+        return 0;
+    const AcGePoint3d crossing = m_start1 + u * alongU;
+    Shares(EntityToWorld(m_arcPoint, m_normal) - crossing, u, v, alongU, alongV);
+    return (alongU < 0 ? -u : u).angleTo(alongV < 0 ? -v : v);
+}
+
+// The angle, or what is left of the full turn when the arc lies outside it.
 double AcDb3PointAngularDimension::Measured() const
 {
-    return (m_line1 - m_center).angleTo(m_line2 - m_center);
+    const AcGeVector3d u = m_line1 - m_center, v = m_line2 - m_center;
+    double ofU = 0, ofV = 0;
+    const bool isInside = !Shares(m_definition - m_center, u, v, ofU, ofV) || (ofU >= 0 && ofV >= 0);
+    return isInside ? u.angleTo(v) : 2 * kPi - u.angleTo(v);
 }
 
 double AcDbOrdinateDimension::Measured() const

@@ -36,7 +36,7 @@ public:
     {
         m_object = ObjectAccess::Stub(object);
         m_spelling = m_next = form.asRead && m_isSameForm ? FirstSpelling() : nullptr;
-        m_isInReactors = false;
+        m_dropsErased = false;
         GetGroups(object, *this, form);
     }
     // Of no object.
@@ -47,7 +47,7 @@ public:
         m_object = nullptr;
         if (m_spelling == nullptr)
             m_spelling = m_next = m_isSameForm ? FirstSpelling() : nullptr;
-        m_isInReactors = false;
+        m_dropsErased = false;
         for (const GroupValue& group : groups)
             Value(group);
     }
@@ -65,6 +65,8 @@ public:
     void Integer(int code, int64_t value) override { m_writer.Integer(code, value); }
     void Text(int code, const CString& value) override
     {
+        if (code == 102)
+            m_dropsErased = value == L"{BLKREFS";
         if (m_spelling != nullptr)
             if (const KeptSpelling* kept = Spelling(code, [&](const KeptSpelling& one) { return one.text == value; }))
                 return Raw(code, *kept);
@@ -81,7 +83,7 @@ public:
                 return Raw(code, *kept);
         }
         const bool isGone = stub != nullptr && stub->erased;
-        if (isGone && m_isInReactors)
+        if (isGone && m_dropsErased)
             return;
         m_writer.Handle(code, stub == nullptr || isGone ? 0 : stub->handle);
     }
@@ -104,7 +106,7 @@ public:
     }
     void Marker(int code, std::string_view text) override
     {
-        m_isInReactors = code == 102 && text == "{ACAD_REACTORS";
+        m_dropsErased = code == 102 && text == "{ACAD_REACTORS";
         m_writer.Text(code, text);
     }
 
@@ -169,7 +171,7 @@ private:
     AcDb::AcDbDwgVersion m_version;
     bool m_isSameForm;
     bool m_hasHandles;
-    bool m_isInReactors = false;
+    bool m_dropsErased = false;   // within a list of references
     std::string m_raw;
 };
 

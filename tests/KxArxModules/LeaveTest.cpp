@@ -146,7 +146,7 @@ TEST_F(Leave, TheTableNamesEveryCommand)
 
 TEST_F(Leave, NothingIsChangedInAPlan)
 {
-    Open(KX_SAMPLES "/floorplan.dxf");
+    Open(KX_TEST_DATA "/house_r2010.dxf");
     LeaveEverywhere();
 }
 

@@ -53,11 +53,26 @@ std::string DrawingOf(const std::string& folder)
     return name.rfind("samples/", 0) == 0 ? KX_SAMPLES + name.substr(7) : KX_DRAWINGS "/" + name;
 }
 
+// "@NAME" in the input stands for a file of the test data, whose folder is not told in what was said.
+std::wstring DataFolder()
+{
+    return KxPlat::DrivePath(KX_TEST_DATA) + L"\\";
+}
+
+std::wstring Typed(const std::string& line)
+{
+    return line.rfind('@', 0) == 0 && line.size() > 1 && line[1] != ','
+               ? DataFolder() + KxPlat::FromUtf8(line.substr(1))
+               : KxPlat::FromUtf8(line);
+}
+
 std::string SaidBy(KxPlat::ScriptedUi& ui)
 {
-    const std::string said =
-        KxPlat::ToUtf8(ui.TakePrinted() + L"\n" + std::exchange(ui.complained, L"") + std::exchange(ui.boxes, L""));
-    return said;
+    std::wstring said = ui.TakePrinted() + L"\n" + std::exchange(ui.complained, L"") + std::exchange(ui.boxes, L"");
+    const std::wstring folder = DataFolder();
+    for (size_t at = said.find(folder); at != said.npos; at = said.find(folder))
+        said.replace(at, folder.size(), L"@");
+    return KxPlat::ToUtf8(said);
 }
 
 // Types the lines of input.txt on the drawing, with the module loaded. A line "^[" is Esc; "^y" and "^n" answer the
@@ -81,7 +96,7 @@ std::string Play(const std::string& folder, KxPlat::ScriptedUi& ui)
         if (line == "^y" || line == "^n") {
             ui.boxAnswers.push_back(line == "^y" ? IDYES : IDNO);
         } else if (line != "^=") {
-            ui.answers.push_back(line == "^[" ? L"\x1b" : KxPlat::FromUtf8(line));
+            ui.answers.push_back(line == "^[" ? L"\x1b" : Typed(line));
         } else {
             session.Loop();
             said += SaidBy(ui);

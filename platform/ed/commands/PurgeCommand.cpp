@@ -9,7 +9,7 @@
 #include "../../db/core/Wildcard.h"
 #include "../acedads.h"
 #include "HostCommands.h"
-#include <algorithm>
+#include <unordered_set>
 
 using namespace KxPlat;
 
@@ -30,6 +30,19 @@ bool IsEmptyGroup(const AcDbObject& object)
 {
     const AcDbGroup* group = AcDbGroup::cast(&object);
     return group != nullptr && group->numEntities() == 0;
+}
+
+// A shape file has no name but that of its file.
+CString NameOf(const AcDbObject& record)
+{
+    const auto* style = AcDbTextStyleTableRecord::cast(&record);
+    ACHAR* file = nullptr;
+    if (style != nullptr && style->isShapeFile() && style->fileName(file) == Acad::eOk) {
+        const CString name = file;
+        acutDelString(file);
+        return name;
+    }
+    return static_cast<const AcDbSymbolTableRecord&>(record).nameText();
 }
 
 struct PurgeKind {
@@ -75,7 +88,7 @@ private:
 
     AcDbDatabase& m_database;
     DbCore& m_core;
-    std::vector<AcDbObjectId> m_kept;   // the user said no
+    std::unordered_set<AcDbObjectId> m_kept;   // the user said no, or they cannot be erased
 };
 
 void Purge::AddEntries(const PurgeKind& kind, std::vector<Named>& all) const
@@ -104,9 +117,8 @@ std::vector<Named> Purge::Candidates(const PurgeKind& kind) const
         AddEntries(kind, all);
     } else {
         for (AcDbStub* stub : m_core.Table(kind.table)->records()) {
-            if (stub->erased || (kind.isOfKind != nullptr && !kind.isOfKind(*stub->object)))
-                continue;
-            all.push_back({stub, static_cast<AcDbSymbolTableRecord*>(stub->object)->nameText()});
+            if (!stub->erased && (kind.isOfKind == nullptr || kind.isOfKind(*stub->object)))
+                all.push_back({stub, NameOf(*stub->object)});
         }
     }
     AcDbObjectIdArray ids;
@@ -157,7 +169,7 @@ int Purge::Run(const PurgeKind& kind, const wchar_t* pattern, bool verifies)
                 continue;
             isAny = true;
             bool isYes = true;
-            if (std::find(m_kept.begin(), m_kept.end(), one.id) != m_kept.end())
+            if (m_kept.count(one.id) != 0)
                 continue;
             if (verifies) {
                 const int answer = Confirm(kind, one.name, isYes);
@@ -168,7 +180,7 @@ int Purge::Run(const PurgeKind& kind, const wchar_t* pattern, bool verifies)
                 ++deleted;
                 isGrowing = true;
             } else {
-                m_kept.push_back(one.id);
+                m_kept.insert(one.id);
             }
         }
     }
