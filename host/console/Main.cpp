@@ -1,6 +1,7 @@
 // kxcad: opens a drawing, loads modules, runs commands, saves.
 #include "ap/Documents.h"
 #include "DebugOutput.h"
+#include "DrawingInfo.h"
 #include "ed/acedads.h"
 #include "ed/Session.h"
 #include "HostWindow.h"
@@ -131,8 +132,12 @@ bool Program::Save()
 {
     AcApDocument* document = acDocManager->mdiActiveDocument();
     std::wstring why = L"no drawing is open";
-    if (document != nullptr && SaveDrawing(*document, FromUtf8(m_options.output), AcDb::kDHL_CURRENT, why) == Acad::eOk)
+    if (document != nullptr &&
+        SaveDrawing(*document, FromUtf8(m_options.output), AcDb::kDHL_CURRENT, why) == Acad::eOk) {
+        if (const uint64_t dropped = LastWriteReport().dropped; dropped != 0)
+            Complain(m_options.output, Format(L"%I64u objects that this version cannot hold were left out", dropped));
         return true;
+    }
     Complain(m_options.output, why);
     return false;
 }
@@ -214,6 +219,18 @@ int Program::ChangeInstallation()
     return why.empty() ? kDone : kNotSaved;
 }
 
+int ShowDrawingInfo(const std::string& drawing)
+{
+    std::string lines;
+    std::wstring why;
+    if (!DrawingInfo(drawing, lines, why)) {
+        std::fprintf(stderr, "kxcad: %s: %s\n", drawing.c_str(), ToUtf8(why).c_str());
+        return kUnreadable;
+    }
+    std::fputs(lines.c_str(), stdout);
+    return kDone;
+}
+
 }   // namespace
 
 }   // namespace KxConsole
@@ -232,6 +249,8 @@ int main(int argc, char** argv)
     }
     if (options.showsDebugOutput)
         return ShowDebugOutput() ? kDone : kUnreadable;
+    if (options.showsInfo)
+        return ShowDrawingInfo(options.drawing);
     Program program(options);
     return options.uninstalls || !options.installFolder.empty() ? program.ChangeInstallation() : program.Run();
 }

@@ -44,6 +44,7 @@ const OptionRow kOptions[] = {
     {"-p", "--plot", true, [](Options& o, const std::string&) { RefuseGraphics(o, "--plot"); }},
     {"", "--window", false, [](Options& o, const std::string&) { RefuseGraphics(o, "--window"); }},
     {"", "--release", true, SetRelease},
+    {"", "--info", false, [](Options& o, const std::string&) { o.showsInfo = true; }},
     {"", "--stay", false, [](Options& o, const std::string&) { o.staysOpen = true; }},
     {"", "--no-messages", false, [](Options& o, const std::string&) { o.takesTexts = false; }},
     {"", "--log", true, [](Options& o, const std::string& value) { o.logFile = value; }},
@@ -133,6 +134,8 @@ Options ParseOptions(int argc, char** argv)
             options.error = name + ": needs a value";
         }
     }
+    if (options.error.empty() && options.showsInfo && options.drawing.empty())
+        options.error = "--info: needs a drawing";
     return options;
 }
 
@@ -145,6 +148,7 @@ const char* HelpText()
            "  -c, --command TEXT   run one line as if typed; may be repeated, in order with --script\n"
            "  -m, --module FILE    load a module besides KxArxBase.arx; --no-module loads none\n"
            "  -o, --output FILE    save the drawing there afterwards (by extension; a DXF keeps its version)\n"
+           "      --info           tell what the drawing file is and holds, and do nothing else\n"
            "  -p, --plot FILE      write a picture of the model space (needs a build with graphics)\n"
            "      --window         open the desktop window (needs a build with graphics)\n"
            "      --release R      the host release to present: 18.0, 18.1, 18.2, 19.0\n"

@@ -28,6 +28,7 @@ struct Options {
     bool takesTexts = true;
     bool isQuiet = false;
     bool showsDebugOutput = false;
+    bool showsInfo = false;   // of the drawing, and nothing else
     std::string installFolder;
     bool uninstalls = false;
     bool showsHelp = false;

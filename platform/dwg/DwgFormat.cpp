@@ -4,7 +4,8 @@
 #include "../win/Files.h"
 #include "Container.h"
 #include "DwgReader.h"
-#include "DwgVersion.h"
+#include "DwgWriter.h"
+#include <cerrno>
 
 namespace KxPlat {
 
@@ -31,9 +32,21 @@ Acad::ErrorStatus Read(AcDbDatabase& database, const wchar_t* path, ReadReport& 
     return DwgVersionOf(file.View()) == AcDb::kDHL_CURRENT ? Acad::eInvalidDwgVersion : Acad::eDwgNeedsRecovery;
 }
 
-Acad::ErrorStatus Write(AcDbDatabase&, const wchar_t*, AcDb::AcDbDwgVersion, bool, int)
+Acad::ErrorStatus Write(AcDbDatabase& database, const wchar_t* path, AcDb::AcDbDwgVersion version, bool, int)
 {
-    return Acad::eNotImplementedYet;
+    const DwgWritten written = WriteDwg(database, HostPath(path), version);
+    LastWriteReport() = {written.dropped};
+    switch (written.error) {
+    case 0:
+        return Acad::eOk;
+    case EACCES:
+    case EROFS:
+        return Acad::eFileAccessErr;
+    case ENOENT:
+        return Acad::eFileNotFound;
+    default:
+        return Acad::eFileSystemErr;
+    }
 }
 
 bool IsDwg(std::string_view firstBytes)
@@ -42,9 +55,7 @@ bool IsDwg(std::string_view firstBytes)
 }
 
 const bool g_isEntered = [] {
-    AddFileFormat({L".dwg", Read, Write, IsDwg, [](AcDb::AcDbDwgVersion wanted) {
-                       return wanted < kR2004 && wanted != AcDb::kDHL_CURRENT ? kR2000 : kR2010;
-                   }});
+    AddFileFormat({L".dwg", Read, Write, IsDwg, WritableDwgVersion});
     return true;
 }();
 

@@ -33,6 +33,7 @@ const VarRow kRows[] = {
     {L"HPSCALE", Real, Process, L"1"},
     {L"HPANG", Real, Process, L"0"},
     {L"HPASSOC", Short, Process, L"1", 0, 1},
+    {L"ISAVEBAK", Short, Process, L"1", 0, 1},
     {L"LAYERDLGMODE", Short, Process, L"1", 0, 1},
     {L"LISPINIT", Short, Process, L"1", 0, 1},
     {L"MENUECHO", Short, Process, L"0", 0, 15},

@@ -29,6 +29,7 @@ const CommandRow g_rows[] = {
     {L"OPEN", kSession, OpenCommand},
     {L"QSAVE", kSession, QsaveCommand},
     {L"QUIT", kSession, QuitCommand},
+    {L"RECOVER", kSession, RecoverCommand},
     {L"REDO", ACRX_CMD_NO_UNDO_MARKER, RedoCommand},
     {L"REGEN", ACRX_CMD_NO_UNDO_MARKER, RegenCommand},
     {L"REGENALL", ACRX_CMD_NO_UNDO_MARKER, RegenCommand},

@@ -17,6 +17,7 @@ void OpenCommand();
 void PurgeCommand();
 void QsaveCommand();
 void QuitCommand();
+void RecoverCommand();
 void RedoCommand();
 void RegenCommand();
 void SaveCommand();

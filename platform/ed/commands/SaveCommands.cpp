@@ -1,8 +1,10 @@
 // SAVE, QSAVE, SAVEAS and DXFOUT.
 #include "../../db/AcDbDatabase.h"
+#include "../../db/core/BackUp.h"
 #include "../../db/core/DbCore.h"
 #include "../../win/CharTables.h"
 #include "../../win/Files.h"
+#include "../../win/Format.h"
 #include "../Modules.h"
 #include "../Prompt.h"
 #include "../Session.h"
@@ -57,18 +59,6 @@ bool MayReplace(const AcApDocument& document, const std::wstring& path)
     return AskYesNo(L"\nA drawing with this name already exists.\nDo you want to replace it? [Yes/No]", false);
 }
 
-bool Save(AcApDocument& document, const std::wstring& path, AcDb::AcDbDwgVersion version)
-{
-    SendToModules(AcRx::kSaveMsg, &document);
-    std::wstring why;
-    if (!HasKnownExtension(path))
-        why = L"no drawing file format has this extension";
-    else if (SaveDrawing(document, path, version, why) == Acad::eOk)
-        return true;
-    FailCommand(path + L": " + why);
-    return false;
-}
-
 std::optional<std::wstring> AskTarget(const AcApDocument& document)
 {
     std::wstring initial = document.fileName();
@@ -92,6 +82,50 @@ AcDb::AcDbDwgVersion VersionOf(AcApDocument& document)
 {
     const AcDb::AcDbDwgVersion version = StateOf(document).saveVersion;
     return version != AcDb::kDHL_CURRENT ? version : document.database()->originalFileVersion();
+}
+
+const wchar_t* NameOfVersion(AcDb::AcDbDwgVersion version)
+{
+    for (const VersionRow& row : g_versions) {
+        if (row.version == version)
+            return row.keyword;
+    }
+    return L"";
+}
+
+// A DWG file that is replaced stays beside the new one; the exchange formats leave none.
+bool KeepOldFile(const std::wstring& path)
+{
+    const bool isKept = EqualNoCase(FormatOf(path)->extension, L".dwg") && IntegerVar(L"ISAVEBAK") != 0;
+    return !isKept || BackUpFile(FullDrivePath(path));
+}
+
+// What the file cannot be or hold, though the user asked for it.
+void TellLosses(const std::wstring& path, AcDb::AcDbDwgVersion wanted)
+{
+    const AcDb::AcDbDwgVersion written = FormatOf(path)->written(wanted);
+    if (written != wanted)
+        Ui().Print(Format(L"\nThe file has version %s: version %s cannot be written.", NameOfVersion(written),
+                          NameOfVersion(wanted)));
+    if (const uint64_t dropped = LastWriteReport().dropped; dropped != 0)
+        Ui().Print(Format(L"\n%I64u objects that this version cannot hold were left out.", dropped));
+}
+
+bool Save(AcApDocument& document, const std::wstring& path, AcDb::AcDbDwgVersion version)
+{
+    SendToModules(AcRx::kSaveMsg, &document);
+    LastWriteReport() = WriteReport();
+    std::wstring why;
+    if (!HasKnownExtension(path)) {
+        why = L"no drawing file format has this extension";
+    } else if (!KeepOldFile(path)) {
+        why = L"the backup cannot be written";
+    } else if (SaveDrawing(document, path, version, why) == Acad::eOk) {
+        TellLosses(path, version != AcDb::kDHL_CURRENT ? version : VersionOf(document));
+        return true;
+    }
+    FailCommand(path + L": " + why);
+    return false;
 }
 
 // False when the user cancelled. Enter keeps the drawing's own version.
