@@ -1,11 +1,11 @@
 #include "DxfReader.h"
+#include "../db/core/OldViews.h"
 #include "../win/CodePage.h"
 #include "../win/Files.h"
 #include "AsciiTags.h"
 #include "BinaryTags.h"
 #include "DxfEntities.h"
 #include "DxfVersion.h"
-#include "OldViews.h"
 #include <algorithm>
 
 namespace KxPlat {

@@ -3,12 +3,12 @@
 #include "../db/AcDbDatabase.h"
 #include "../db/AcDbDimStyleTableRecord.h"
 #include "../db/AcDbSymbolTable.h"
+#include "../db/core/OldViews.h"
 #include "../win/AtomicFile.h"
 #include "DxfClassRows.h"
 #include "DxfNames.h"
 #include "DxfSink.h"
 #include "DxfVersion.h"
-#include "OldViews.h"
 #include "TagNumbers.h"
 #include <algorithm>
 #include <unordered_set>

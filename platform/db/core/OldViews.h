@@ -1,7 +1,7 @@
 // The views of viewports in files of before AC1015, which stand in their extended data ("MVIEW" of the application
 // ACAD).
 #pragma once
-#include "../db/core/Fields.h"
+#include "Fields.h"
 
 class AcDbEntity;
 

@@ -1,9 +1,9 @@
 #include "OldViews.h"
-#include "../db/AcDbBlockTableRecord.h"
-#include "../db/AcDbViewport.h"
-#include "../db/core/DbCore.h"
-#include "../db/core/ObjectAccess.h"
-#include "../db/core/RecordNames.h"
+#include "../AcDbBlockTableRecord.h"
+#include "../AcDbViewport.h"
+#include "DbCore.h"
+#include "ObjectAccess.h"
+#include "RecordNames.h"
 #include <algorithm>
 
 namespace KxPlat {
