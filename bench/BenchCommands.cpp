@@ -68,6 +68,30 @@ void HidePickObjectLayer(benchmark::State& state)
 }
 KX_MEASURE(HidePickObjectLayer, 3);
 
+void HidePickObject(benchmark::State& state)
+{
+    Command(state, "all.dxf", L"HidePickObject\nALL\n\n", L"ShowAllObject\n");
+}
+KX_MEASURE(HidePickObject, 3);
+
+void ShowAllObject(benchmark::State& state)
+{
+    Command(state, "all.dxf", L"ShowAllObject\n", L"HidePickObject\nALL\n\n");
+}
+KX_MEASURE(ShowAllObject, 3);
+
+void Purge(benchmark::State& state)
+{
+    Command(state, "unused.dxf", L"-PURGE\nA\n\nN\n", L"");
+}
+KX_MEASURE(Purge, 1);
+
+void PurgeTenth(benchmark::State& state)
+{
+    Command(state, "unused-tenth.dxf", L"-PURGE\nA\n\nN\n", L"");
+}
+KX_MEASURE(PurgeTenth, 1);
+
 void ShowAllLayer(benchmark::State& state)
 {
     Command(state, "layers.dxf", L"ShowAllLayer\n", L"-LAYER\nOFF\n*\nY\n\n");

@@ -128,6 +128,9 @@ enum : std::uint64_t {
     kFirstFree = 0x30
 };
 
+// A block takes four handles in a row: its record, its begin, its line and its end.
+constexpr std::int64_t kObjectsOfBlock = 4;
+
 class DrawingMaker {
 public:
     DrawingMaker(std::FILE* file, const DrawingSize& size) : m_out(file), m_size(size) {}
@@ -162,7 +165,8 @@ private:
         m_out.Text(9, "$DWGCODEPAGE");
         m_out.Text(3, "ANSI_1252");
         m_out.Text(9, "$HANDSEED");
-        m_out.Handle(5, kFirstFree + static_cast<std::uint64_t>(m_size.layers + m_size.entities));
+        m_out.Handle(5, kFirstFree + static_cast<std::uint64_t>(m_size.layers + m_size.entities +
+                                                                kObjectsOfBlock * m_size.blocks));
         m_out.Text(9, "$CLAYER");
         m_out.Text(8, "0");
         End();
@@ -237,18 +241,30 @@ private:
         m_out.Text(100, "AcDbDimStyleTable");
         Record("DIMSTYLE", kStandardDimstyle, kDimstyleTable, "AcDbDimStyleTableRecord", "Standard");
         EndTable();
-        Table("BLOCK_RECORD", kBlockRecordTable, 2);
+        Table("BLOCK_RECORD", kBlockRecordTable, 2 + m_size.blocks);
         Record("BLOCK_RECORD", kModelRecord, kBlockRecordTable, "AcDbBlockTableRecord", "*Model_Space");
         m_out.Handle(340, kModelLayout);
         Record("BLOCK_RECORD", kPaperRecord, kBlockRecordTable, "AcDbBlockTableRecord", "*Paper_Space");
         m_out.Handle(340, kPaperLayout);
+        m_firstBlock = m_next;
+        for (std::int64_t i = 0; i < m_size.blocks; ++i, m_next += kObjectsOfBlock)
+            Record("BLOCK_RECORD", m_next, kBlockRecordTable, "AcDbBlockTableRecord", BlockName(i));
         EndTable();
         End();
     }
 
-    void Block(std::uint64_t record, std::uint64_t begin, std::uint64_t end, std::string_view name, bool paper)
+    static std::string BlockName(std::int64_t index) { return "B" + std::to_string(index); }
+
+    void Block(std::uint64_t record, std::uint64_t begin, std::uint64_t end, std::string_view name, bool paper,
+               std::string_view layerOfLine = "")
     {
         for (bool first : {true, false}) {
+            if (!first && !layerOfLine.empty()) {
+                StartEntity("LINE", begin + 1, record, layerOfLine);
+                m_out.Text(100, "AcDbLine");
+                RandomPoint(10);
+                RandomPoint(11);
+            }
             m_out.Text(0, first ? "BLOCK" : "ENDBLK");
             m_out.Handle(5, first ? begin : end);
             m_out.Handle(330, record);
@@ -271,6 +287,10 @@ private:
         Begin("BLOCKS");
         Block(kModelRecord, kModelBlock, kModelEndBlock, "*Model_Space", false);
         Block(kPaperRecord, kPaperBlock, kPaperEndBlock, "*Paper_Space", true);
+        for (std::int64_t i = 0; i < m_size.blocks; ++i) {
+            const std::uint64_t record = m_firstBlock + static_cast<std::uint64_t>(kObjectsOfBlock * i);
+            Block(record, record + 1, record + 3, BlockName(i), false, LayerName(i % (m_size.layers + 1)));
+        }
         End();
     }
 
@@ -280,13 +300,17 @@ private:
         return index == 0 ? "0" : "L" + std::string(6 - std::min<std::size_t>(6, digits.size()), '0') + digits;
     }
 
-    void StartEntity(std::string_view type)
+    void StartEntity(std::string_view type, std::uint64_t handle, std::uint64_t owner, std::string_view layer)
     {
         m_out.Text(0, type);
-        m_out.Handle(5, m_next++);
-        m_out.Handle(330, kModelRecord);
+        m_out.Handle(5, handle);
+        m_out.Handle(330, owner);
         m_out.Text(100, "AcDbEntity");
-        m_out.Text(8, LayerName(m_random.Below(m_size.layers + 1)));
+        m_out.Text(8, layer);
+    }
+    void StartEntity(std::string_view type)
+    {
+        StartEntity(type, m_next++, kModelRecord, LayerName(m_random.Below(m_size.layers + 1)));
     }
     double Coordinate() { return m_random.Real(100'000.0); }
     void RandomPoint(int code)
@@ -398,6 +422,7 @@ private:
     DrawingSize m_size;
     Random m_random;
     std::uint64_t m_next = kFirstFree;
+    std::uint64_t m_firstBlock = 0;
 };
 
 }   // namespace

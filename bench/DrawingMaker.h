@@ -8,6 +8,7 @@ namespace KxBench {
 struct DrawingSize {
     std::int64_t entities = 1'000'000;   // half LINE, a fifth LWPOLYLINE of 8 vertices, a tenth each CIRCLE, ARC, TEXT
     std::int64_t layers = 2'000;         // besides layer 0; entities are spread over all of them
+    std::int64_t blocks = 0;             // that nothing inserts, each with a line on a layer of its own
 };
 
 // Returns the count of bytes written, or -1 when the file cannot be written.

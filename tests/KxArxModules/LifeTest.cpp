@@ -147,6 +147,8 @@ TEST_F(Life, ARecordThatIsNoSnapshotHoldsTheCommandUntilTheUserBreaks)
     session.Run(L"RecoverLayerStatus\n");
     EXPECT_LE(breaker.patience, 0);
     KxPlat::SetUi(&ui);
+    EXPECT_TRUE(Says(L"SaveLayerStatus", L"\n 图层状态已保存。"));
+    EXPECT_FALSE(Says(L"RecoverLayerStatus", L"失败"));
 }
 
 TEST_F(Life, TipsStayAsTheyAreOnOtherReleases)
