@@ -55,6 +55,7 @@ private:
     bool OpenDrawingFile();
     bool ReadSteps(std::wstring& text);
     bool Save();
+    bool DrawPictures();
     void Complain(const std::string& what, const std::wstring& why) { m_ui.Complain(FromUtf8(what) + L": " + why); }
 
     const Options& m_options;
@@ -142,6 +143,24 @@ bool Program::Save()
     return false;
 }
 
+bool Program::DrawPictures()
+{
+    AcApDocument* document = acDocManager->mdiActiveDocument();
+    bool areWritten = true;
+    for (const std::string& file : m_options.plot.files) {
+        PlotResult result;
+        if (document == nullptr)
+            result.error = L"no drawing is open";
+        else
+            result = Plot(*document->database(), FromUtf8(file), m_options.plot.settings);
+        areWritten = areWritten && result.error.empty();
+        const std::wstring& complaint = result.error.empty() ? result.warning : result.error;
+        if (!complaint.empty())
+            Complain(file, complaint);
+    }
+    return areWritten;
+}
+
 // A host without a terminal that a launcher started has nobody who reads its output now.
 void Program::MoveOutput()
 {
@@ -180,6 +199,8 @@ int Program::RunSteps(Session& session)
     if (session.options().hasKeyboard)
         session.Loop();
     if (!m_options.output.empty() && !Save())
+        status = kNotSaved;
+    if (!DrawPictures())
         status = kNotSaved;
     return status;
 }

@@ -24,6 +24,12 @@ void SetRelease(Options& options, const std::string& value)
     options.release = value;
 }
 
+void Check(Options& options, const std::string& what, const std::string& why)
+{
+    if (!why.empty())
+        options.error = what + ": " + why;
+}
+
 void RefuseGraphics(Options& options, const char* name)
 {
     options.error = std::string(name) + ": this program was built without graphics";
@@ -41,7 +47,24 @@ const OptionRow kOptions[] = {
     {"-m", "--module", true, [](Options& o, const std::string& value) { o.modules.push_back(value); }},
     {"", "--no-module", false, [](Options& o, const std::string&) { o.hasBaseModule = false; }},
     {"-o", "--output", true, [](Options& o, const std::string& value) { o.output = value; }},
-    {"-p", "--plot", true, [](Options& o, const std::string&) { RefuseGraphics(o, "--plot"); }},
+    {"-p", "--plot", true, [](Options& o, const std::string& value) { o.plot.files.push_back(value); }},
+    {"", "--paper", true,
+     [](Options& o, const std::string& value) {
+         Check(o, "--paper " + value, SetPlotPaper(o.plot, value));
+     }},
+    {"", "--dpi", true,
+     [](Options& o, const std::string& value) {
+         Check(o, "--dpi " + value, SetPlotResolution(o.plot, value));
+     }},
+    {"", "--background", true,
+     [](Options& o, const std::string& value) {
+         Check(o, "--background " + value, SetPlotBackground(o.plot, value));
+     }},
+    {"", "--layout", true,
+     [](Options& o, const std::string& value) { o.plot.settings.layout = KxPlat::FromUtf8(value); }},
+    {"", "--layers", true,
+     [](Options& o, const std::string& value) { o.plot.settings.layers = KxPlat::FromUtf8(value); }},
+    {"", "--all-layers", false, [](Options& o, const std::string&) { o.plot.settings.showsAllLayers = true; }},
     {"", "--window", false, [](Options& o, const std::string&) { RefuseGraphics(o, "--window"); }},
     {"", "--release", true, SetRelease},
     {"", "--info", false, [](Options& o, const std::string&) { o.showsInfo = true; }},
@@ -149,7 +172,12 @@ const char* HelpText()
            "  -m, --module FILE    load a module besides KxArxBase.arx; --no-module loads none\n"
            "  -o, --output FILE    save the drawing there afterwards (by extension; a DXF keeps its version)\n"
            "      --info           tell what the drawing file is and holds, and do nothing else\n"
-           "  -p, --plot FILE      write a picture of the model space (needs a build with graphics)\n"
+           "  -p, --plot FILE      write a picture of the model space: .png, .svg, .pdf; may be repeated\n"
+           "      --paper P        size of the picture: A0 to A4 (the default), letter, legal, or WIDTHxHEIGHT in mm\n"
+           "      --dpi N          pixels per inch of the paper (150)\n"
+           "      --background C   white, black or #RRGGBB\n"
+           "      --layout NAME    the sheet of this name with its viewports, instead of the model space\n"
+           "      --layers NAMES   only these layers, as \"WALL*,DOOR\"; --all-layers also shows what is off or frozen\n"
            "      --window         open the desktop window (needs a build with graphics)\n"
            "      --release R      the host release to present: 18.0, 18.1, 18.2, 19.0\n"
            "      --quiet          only what commands print\n"

@@ -1,5 +1,6 @@
 // What the command line of kxcad says.
 #pragma once
+#include "PlotOptions.h"
 #include <string>
 #include <vector>
 
@@ -16,6 +17,7 @@ struct Options {
     std::vector<std::string> modules;
     bool hasBaseModule = true;
     std::string output;
+    PlotOptions plot;
     std::string release;   // empty: the one that the program's own version tells
     std::string templateFile;
     std::string supportPath;   // folders, parted by ";"

@@ -10,11 +10,10 @@ namespace KxPlat {
 
 namespace {
 
-constexpr int kDeepest = 32;            // blocks within blocks
-constexpr double kSmallestText = 2;     // pixels of height; smaller texts are a line
-constexpr double kSmallestDash = 2;     // pixels of a dash pattern; smaller ones are a plain line
-constexpr double kEdge = 64;            // pixels around the device in which lines are kept
-constexpr double kDefaultWeight = 25;   // hundredths of a millimetre
+constexpr int kDeepest = 32;          // blocks within blocks
+constexpr double kSmallestText = 2;   // pixels of height; smaller texts are a line
+constexpr double kSmallestDash = 2;   // pixels of a dash pattern; smaller ones are a plain line
+constexpr double kEdge = 64;          // pixels around the device in which lines are kept
 
 // What a block reference hands on to its contents.
 struct Inherited {
@@ -112,7 +111,7 @@ private:
             return;
         }
         m_pen.rgb = own.rgb;
-        m_pen.width = m_options.pixelsPerMm * (own.lineWeight < 0 ? kDefaultWeight : own.lineWeight) / 100;
+        m_pen.width = m_options.pixelsPerMm * std::max<int>(own.lineWeight, 0) / 100;   // the default weight is thin
         if (asDot != nullptr) {
             const DevicePoint at = projection(AcGePoint3d(asDot->min[0], asDot->min[1], asDot->min[2]));
             m_painter.Strip(&at, 1, Pen{own.rgb, 0});

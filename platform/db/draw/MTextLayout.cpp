@@ -231,7 +231,7 @@ private:
     // "a^b" one over the other, "a/b" with a stroke between, "a#b" beside each other.
     void Stack(const std::wstring& value)
     {
-        EndPiece();
+        EndWord();
         const size_t split = value.find_first_of(L"^/#");
         if (split == std::wstring::npos || value[split] == L'#') {
             for (const wchar_t letter : value)

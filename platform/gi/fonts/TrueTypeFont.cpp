@@ -75,9 +75,23 @@ double CapitalHeight(FT_Face face)
     return face->units_per_EM * 0.72;
 }
 
+// Outlives every font that it opened.
+std::shared_ptr<FT_LibraryRec_> Library()
+{
+    static const std::shared_ptr<FT_LibraryRec_> library = [] {
+        FT_Library opened = nullptr;
+        FT_Init_FreeType(&opened);
+        return std::shared_ptr<FT_LibraryRec_>(opened, FT_Done_FreeType);
+    }();
+    return library;
+}
+
 class TrueTypeFont : public Font {
 public:
-    TrueTypeFont(FT_Face face, double capital) : m_face(face), m_scale(1 / capital) {}
+    TrueTypeFont(std::shared_ptr<FT_LibraryRec_> library, FT_Face face)
+        : m_library(std::move(library)), m_face(face), m_scale(1 / CapitalHeight(face))
+    {
+    }
     ~TrueTypeFont() override { FT_Done_Face(m_face); }
 
     const Glyph* GlyphOf(wchar_t character) override
@@ -105,21 +119,11 @@ private:
         return glyph;
     }
 
+    std::shared_ptr<FT_LibraryRec_> m_library;
     FT_Face m_face;
     double m_scale;
     std::unordered_map<wchar_t, std::unique_ptr<Glyph>> m_made;
 };
-
-FT_Library Library()
-{
-    struct Holder {
-        FT_Library library = nullptr;
-        Holder() { FT_Init_FreeType(&library); }
-        ~Holder() { FT_Done_FreeType(library); }
-    };
-    static Holder holder;
-    return holder.library;
-}
 
 }   // namespace
 
@@ -127,16 +131,16 @@ namespace KxPlat {
 
 std::unique_ptr<Font> OpenTrueTypeFont(const char* file, int faceIndex)
 {
-    FT_Library library = Library();
+    std::shared_ptr<FT_LibraryRec_> library = Library();
     FT_Face face = nullptr;
-    if (library == nullptr || FT_New_Face(library, file, faceIndex, &face) != 0)
+    if (library == nullptr || FT_New_Face(library.get(), file, faceIndex, &face) != 0)
         return nullptr;
     if (!FT_IS_SCALABLE(face) || face->units_per_EM == 0) {
         FT_Done_Face(face);
         return nullptr;
     }
     FT_Select_Charmap(face, FT_ENCODING_UNICODE);
-    return std::make_unique<TrueTypeFont>(face, CapitalHeight(face));
+    return std::make_unique<TrueTypeFont>(std::move(library), face);
 }
 
 }   // namespace KxPlat
