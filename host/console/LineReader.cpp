@@ -40,7 +40,8 @@ char** Complete(const char* text, int start, int)
 
 // The line that is being edited, across the messages that break it off.
 struct Typing {
-    std::wstring again;   // typed before the last message, to be shown again
+    std::wstring again;       // typed before the last message, to be shown again
+    bool isLeaving = false;   // a message has come, the cursor goes to the end of the line first
     bool isWoken = false;
 };
 Typing g_typing;
@@ -60,9 +61,26 @@ int ReadCharacter()
     return text.empty() ? 0xFFFD : static_cast<int>(text[0]);
 }
 
+// What stands in the line, whose last byte the line editor does not give away.
+std::wstring TypedSoFar()
+{
+    rl_insert_text(" ");
+    char* typed = rl_copy_text(0, INT_MAX / 2);
+    const std::wstring text = KxPlat::FromUtf8(typed != nullptr ? typed : "");
+    std::free(typed);
+    return text;
+}
+
 // The line editor's next character. To it, a message ends the input.
 int NextCharacter(FILE*)
 {
+    constexpr int kToTheEnd = 5;   // Ctrl-E
+    if (g_typing.isLeaving) {
+        g_typing.isLeaving = false;
+        g_typing.isWoken = true;
+        g_typing.again = TypedSoFar();
+        return EOF;
+    }
     if (!g_typing.again.empty()) {
         const wchar_t character = g_typing.again.front();
         g_typing.again.erase(0, 1);
@@ -71,13 +89,8 @@ int NextCharacter(FILE*)
     const KxPlat::Wake wake = KxPlat::WaitForInput(true);
     if (wake == KxPlat::Wake::Input)
         return ReadCharacter();
-    g_typing.isWoken = wake == KxPlat::Wake::Message;
-    if (g_typing.isWoken) {
-        char* typed = rl_copy_text(0, INT_MAX / 2);
-        g_typing.again = KxPlat::FromUtf8(typed != nullptr ? typed : "");
-        std::free(typed);
-    }
-    return EOF;
+    g_typing.isLeaving = wake == KxPlat::Wake::Message;
+    return g_typing.isLeaving ? kToTheEnd : EOF;
 }
 
 }   // namespace

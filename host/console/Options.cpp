@@ -49,17 +49,11 @@ const OptionRow kOptions[] = {
     {"-o", "--output", true, [](Options& o, const std::string& value) { o.output = value; }},
     {"-p", "--plot", true, [](Options& o, const std::string& value) { o.plot.files.push_back(value); }},
     {"", "--paper", true,
-     [](Options& o, const std::string& value) {
-         Check(o, "--paper " + value, SetPlotPaper(o.plot, value));
-     }},
+     [](Options& o, const std::string& value) { Check(o, "--paper " + value, SetPlotPaper(o.plot, value)); }},
     {"", "--dpi", true,
-     [](Options& o, const std::string& value) {
-         Check(o, "--dpi " + value, SetPlotResolution(o.plot, value));
-     }},
+     [](Options& o, const std::string& value) { Check(o, "--dpi " + value, SetPlotResolution(o.plot, value)); }},
     {"", "--background", true,
-     [](Options& o, const std::string& value) {
-         Check(o, "--background " + value, SetPlotBackground(o.plot, value));
-     }},
+     [](Options& o, const std::string& value) { Check(o, "--background " + value, SetPlotBackground(o.plot, value)); }},
     {"", "--layout", true,
      [](Options& o, const std::string& value) { o.plot.settings.layout = KxPlat::FromUtf8(value); }},
     {"", "--layers", true,
@@ -177,7 +171,8 @@ const char* HelpText()
            "      --dpi N          pixels per inch of the paper (150)\n"
            "      --background C   white, black or #RRGGBB\n"
            "      --layout NAME    the sheet of this name with its viewports, instead of the model space\n"
-           "      --layers NAMES   only these layers, as \"WALL*,DOOR\"; --all-layers also shows what is off or frozen\n"
+           "      --layers NAMES   only these layers, as \"WALL*,DOOR\"; --all-layers also shows what is off or "
+           "frozen\n"
            "      --window         open the desktop window (needs a build with graphics)\n"
            "      --release R      the host release to present: 18.0, 18.1, 18.2, 19.0\n"
            "      --quiet          only what commands print\n"
