@@ -62,7 +62,7 @@ std::string WriteClasses(const std::vector<DwgClass>& classes, const SectionForm
 {
     SectionOut out(form);
     if (form.version >= kR2004) {
-        out.data().BS(classes.empty() ? kFirstNumber - 1 : classes.back().number);
+        out.data().BS(classes.empty() ? kFirstNumber : classes.back().number);
         out.data().RS(0);
         out.data().B(true);
     }
