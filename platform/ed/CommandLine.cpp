@@ -36,7 +36,10 @@ AcEdCommand* Lookup(const TypedName& typed)
 {
     AcEdCommandStack* stack = acedRegCmds;
     const std::wstring alias = typed.isNative ? typed.name : AliasOf(typed.name);
+    const std::vector<std::wstring>& undefined = TheEditor()->undefined;
     for (const std::wstring& name : {typed.name, alias}) {
+        if (!typed.isNative && std::find(undefined.begin(), undefined.end(), name) != undefined.end())
+            continue;
         if (AcEdCommand* command = stack->lookupCmd(name.c_str(), typed.isGlobal))
             return command;
     }
@@ -192,9 +195,17 @@ int CommandLine::RunArguments(const resbuf* arguments)
     return m_wasCancelled ? RTCAN : failed ? RTERROR : RTNORM;
 }
 
+void CommandLine::RunPieces(std::unique_ptr<InputSource> pieces)
+{
+    const InputSource* source = m_session.input().Push(std::move(pieces));
+    while (!m_wasCancelled && ExecuteNext(source)) {
+    }
+    m_session.input().Remove(source);
+}
+
 void CommandLine::Cancelled(const InputPiece& piece)
 {
-    m_wasCancelled = true;
+    m_wasCancelled |= !piece.isLiteral;
     if (piece.isTyped || !m_session.state().running.empty())
         Ui().Print(L"*Cancel*");
     if (piece.isTyped)

@@ -22,6 +22,10 @@ public:
     void RunTransparent(const InputPiece& piece);
     // acedCommand: all pieces of the chain. RTNORM, RTCAN or RTERROR.
     int RunArguments(const resbuf* arguments);
+    // The same of a source, until it is used up or the user cancels.
+    void RunPieces(std::unique_ptr<InputSource> pieces);
+    bool WasCancelled() const { return m_wasCancelled; }   // by the user
+    void ClearCancelled() { m_wasCancelled = false; }
     bool HasQueue() const;   // strings wait that were sent to documents
     // Esc came in at a prompt. The user's own ends programs as well; one in a script or sent string only the command.
     void Cancelled(const InputPiece& piece);

@@ -24,10 +24,12 @@ struct PromptRules {
 
 struct EditorState {
     PromptRules rules;
-    std::wstring lastInput;   // what acedGetInput answers
+    std::wstring lastInput;             // what acedGetInput answers
+    bool isAnsweredByProgram = false;   // the last answer came from an argument of a command call
     int errorNumber = 0;
     std::vector<RunningCommand> running;          // innermost last
     std::wstring lastCommand;                     // what Enter repeats
+    std::vector<std::wstring> undefined;          // names in capitals that UNDEFINE took from the host's commands
     void* module = nullptr;                       // application id of the module whose code runs now
     std::map<std::wstring, VarValue> variables;   // those of the process, by name in capitals
     std::vector<AcedFilterWinMsgFn> filters;

@@ -1,5 +1,6 @@
 #include "Input.h"
 #include "../win/CodePage.h"
+#include "../win/Format.h"
 #include <algorithm>
 
 namespace KxPlat {
@@ -33,6 +34,8 @@ bool ArgumentSource::Next(const InputRequest&, TextRule, InputPiece& piece)
         piece.type = InputPiece::Type::Text;
         piece.text = argument.resval.rstring != nullptr ? argument.resval.rstring : L"";
         piece.isPause = piece.text == L"\\";
+        if (piece.text == L"\x1b" || piece.text == L"\x03")
+            piece.type = InputPiece::Type::Cancel;
     } else {
         piece.type = InputPiece::Type::Value;
         piece.value = argument;
@@ -110,6 +113,29 @@ private:
 
 // --- the stack ---
 
+namespace {
+
+// A value as the user would have typed it; empty for names.
+std::wstring TextOf(const resbuf& value)
+{
+    switch (value.restype) {
+    case RTSHORT:
+        return Format(L"%d", int(value.resval.rint));
+    case RTLONG:
+        return Format(L"%d", int(value.resval.rlong));
+    case RTREAL:
+        return Format(L"%g", value.resval.rreal);
+    case RTPOINT:
+        return Format(L"%g,%g", value.resval.rpoint[X], value.resval.rpoint[Y]);
+    case RT3DPOINT:
+        return Format(L"%g,%g,%g", value.resval.rpoint[X], value.resval.rpoint[Y], value.resval.rpoint[Z]);
+    default:
+        return {};
+    }
+}
+
+}   // namespace
+
 InputStack::InputStack() : m_keyboard(std::make_unique<Keyboard>()) {}
 
 InputStack::~InputStack() = default;
@@ -144,7 +170,10 @@ InputPiece InputStack::Next(const InputRequest& request, TextRule rule, const In
         }
         if (NextFrom(m_sources.size() - 1, request, rule, piece))
             return piece;
+        std::unique_ptr<InputSource> spent = std::move(m_sources.back());
         m_sources.pop_back();
+        if (request.kind != InputKind::Command && spent->Refill())
+            m_sources.push_back(std::move(spent));
     }
     return InputPiece();
 }
@@ -172,8 +201,9 @@ bool InputStack::NextFrom(size_t at, const InputRequest& request, TextRule rule,
 
 void InputStack::Show(const InputRequest& request, const InputPiece& piece) const
 {
-    if (m_echo && piece.type == InputPiece::Type::Text)
-        Ui().PrintAnswer(request.prompt + piece.text);
+    const bool isShown = piece.type == InputPiece::Type::Text || piece.type == InputPiece::Type::Value;
+    if (m_echo && isShown)
+        Ui().PrintAnswer(request.prompt + (piece.type == InputPiece::Type::Text ? piece.text : TextOf(piece.value)));
 }
 
 bool InputStack::HasSent() const

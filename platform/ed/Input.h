@@ -39,6 +39,8 @@ public:
     virtual ~InputSource() = default;
     // False when nothing is left; the stack then drops the source.
     virtual bool Next(const InputRequest& request, TextRule rule, InputPiece& piece) = 0;
+    // At a prompt that the source could not answer any more: true when it can now.
+    virtual bool Refill() { return false; }
     virtual bool IsProgram() const { return false; }   // goes when the user cancels
     virtual bool Echoes() const { return true; }       // prompts and answers are shown
 };
@@ -91,6 +93,7 @@ public:
     bool Next(const InputRequest& request, TextRule rule, InputPiece& piece) override;
     bool IsProgram() const override { return true; }
     bool Echoes() const override { return false; }
+    void Give(const resbuf* arguments) { m_next = arguments; }
 
 private:
     const resbuf* m_next;
@@ -113,6 +116,7 @@ public:
     void DropPrograms();
     void DropAll();
 
+    bool HasMore() const { return !m_sources.empty() || m_hasKeyboard; }
     bool HasSent() const;   // a program's piece or a sent string comes next
     bool IsKeyboardNext() const { return m_sources.empty() && m_hasKeyboard; }
     void SetEcho(bool echo) { m_echo = echo; }                    // off: pieces of scripts are not shown

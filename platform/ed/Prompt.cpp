@@ -18,8 +18,13 @@ bool Evaluate(InputPiece& piece)
     LispHook* lisp = TheLispHook();
     AcApDocument* document = acDocManager->curDocument();
     resbuf* value = nullptr;
+    ProgramCommands::AtPrompt answers(Session::Current()->programs());
     if (lisp == nullptr || document == nullptr || !lisp->Evaluate(*document, piece.text, value)) {
         FailInput(piece);
+        return false;
+    }
+    if (answers.Give()) {
+        acutRelRb(value);
         return false;
     }
     bool isAnswer = value != nullptr && value->restype != RTNIL && value->restype != RTVOID;
@@ -63,6 +68,7 @@ InputPiece TakePiece(const InputRequest& request, TextRule rule)
     shown.prompt = Shown(request.prompt);
     for (;;) {
         InputPiece piece = session->input().Next(shown, rule);
+        session->state().isAnsweredByProgram = piece.isLiteral;
         if (piece.type == InputPiece::Type::Cancel) {
             session->line().Cancelled(piece);
             return piece;

@@ -29,9 +29,10 @@ void Unregister(const ACHAR* key)
 
 }   // namespace
 
-Session::Session(const SessionOptions& options) : m_options(options), m_line(*this)
+Session::Session(const SessionOptions& options) : m_options(options), m_line(*this), m_programs(*this)
 {
     g_current = this;
+    acdbSetHostApplicationServices(&m_services);
     m_input.SetEcho(options.echo);
     m_input.SetKeyboard(options.hasKeyboard);
     Register<AcRxObject>(ACRX_COMMAND_STACK, NewCommandStack());
@@ -43,6 +44,7 @@ Session::Session(const SessionOptions& options) : m_options(options), m_line(*th
 
 Session::~Session()
 {
+    m_programs.CancelAll();
     m_input.DropAll();
     SendToModules(AcRx::kPreQuitMsg);
     CloseAllDocuments();
@@ -50,6 +52,7 @@ Session::~Session()
     SetDocumentListener({});
     Unregister(ACRX_DYNAMIC_LINKER);
     Unregister(ACRX_COMMAND_STACK);
+    acdbSetHostApplicationServices(nullptr);
     g_current = nullptr;
 }
 

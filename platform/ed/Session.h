@@ -3,7 +3,9 @@
 #include "../ap/Documents.h"
 #include "CommandLine.h"
 #include "EditorState.h"
+#include "HostServices.h"
 #include "Input.h"
+#include "ProgramCommands.h"
 #include <memory>
 #include <string>
 #include <string_view>
@@ -28,6 +30,7 @@ public:
     InputStack& input() { return m_input; }
     CommandLine& line() { return m_line; }
     EditorState& state() { return m_state; }
+    ProgramCommands& programs() { return m_programs; }
     const SessionOptions& options() const { return m_options; }
 
     // Text as if typed, to its end, and what it queues. False when a command or form in it failed. A command that asks
@@ -47,9 +50,11 @@ public:
 
 private:
     SessionOptions m_options;
+    HostServices m_services;
     InputStack m_input;
     EditorState m_state;
     CommandLine m_line;
+    ProgramCommands m_programs;
     bool m_hasFailed = false;
     bool m_isQuitting = false;
 };

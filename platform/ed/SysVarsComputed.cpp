@@ -9,6 +9,7 @@
 #include "../win/CharTables.h"
 #include "../win/Files.h"
 #include "../win/WinSystem.h"
+#include "ColorText.h"
 #include "EditorState.h"
 #include "Session.h"
 #include "SupportFiles.h"
@@ -60,24 +61,8 @@ bool GetColor(AcApDocument& document, VarValue& value)
 
 bool SetColor(AcApDocument& document, const VarValue& value)
 {
-    static const wchar_t* const names[] = {L"BYBLOCK", L"RED",  L"YELLOW",  L"GREEN",
-                                           L"CYAN",    L"BLUE", L"MAGENTA", L"WHITE"};
     AcCmColor color;
-    VarValue index;
-    if (EqualNoCase(value.text, L"BYLAYER"))
-        color.setColorIndex(256);
-    else if (VarFromText(value.text, Short, index) && index.integer >= 0 && index.integer <= 256)
-        color.setColorIndex(Adesk::UInt16(index.integer));
-    else
-        for (int i = 0;; ++i) {
-            if (i == int(std::size(names)))
-                return false;
-            if (EqualNoCase(value.text, names[i])) {
-                color.setColorIndex(Adesk::UInt16(i));
-                break;
-            }
-        }
-    return document.database()->setCecolor(color) == Acad::eOk;
+    return ColorFromText(value.text, color) && document.database()->setCecolor(color) == Acad::eOk;
 }
 
 bool GetTileMode(AcApDocument& document, VarValue& value)

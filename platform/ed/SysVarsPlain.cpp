@@ -11,11 +11,16 @@ using enum VarHome;
 
 const VarRow kRows[] = {
     // Of the session.
+    {L"AREA", Real, Process, L"0", 0, 0, true},
+    {L"DISTANCE", Real, Process, L"0", 0, 0, true},
+    {L"PERIMETER", Real, Process, L"0", 0, 0, true},
+    {L"COPYMODE", Short, Process, L"0", 0, 1},
     {L"ACADLSPASDOC", Short, Process, L"0", 0, 1},
     {L"ATTDIA", Short, Process, L"0", 0, 1},
     {L"ATTREQ", Short, Process, L"1", 0, 1},
     {L"AUTOSNAP", Short, Process, L"63", 0, 63},
     {L"APERTURE", Short, Process, L"10", 1, 50},
+    {L"BINDTYPE", Short, Process, L"0", 0, 1},
     {L"CMDDIA", Short, Process, L"1", 0, 1},
     {L"CMDECHO", Short, Process, L"1", 0, 1},
     {L"COORDS", Short, Process, L"1", 0, 2},
@@ -88,6 +93,15 @@ const VarRow kRows[] = {
     {L"USERS3", Text, Document, L""},
     {L"USERS4", Text, Document, L""},
     {L"USERS5", Text, Document, L""},
+    {L"UCSNAME", Text, Document, L"", 0, 0, true},
+    {L"UCSORG", Point3, Document, L"0,0,0", 0, 0, true},
+    {L"UCSXDIR", Point3, Document, L"1,0,0", 0, 0, true},
+    {L"UCSYDIR", Point3, Document, L"0,1,0", 0, 0, true},
+    {L"VIEWCTR", Point3, Document, L"0,0,0", 0, 0, true},
+    {L"VIEWDIR", Point3, Document, L"0,0,1", 0, 0, true},
+    {L"VIEWSIZE", Real, Document, L"297", 0, 0, true},
+    {L"VIEWTWIST", Real, Document, L"0", 0, 0, true},
+    {L"SCREENSIZE", Point2, Process, L"1024,768", 0, 0, true},
     {L"WORLDUCS", Short, Document, L"1", 0, 0, true},
 
     // Of the drawing.

@@ -1,45 +1,21 @@
-// ERASE, SELECT and LIST: commands that begin with choosing objects.
+// ERASE, OOPS, SELECT and LIST: commands that begin with choosing objects.
+#include "../../ap/Documents.h"
 #include "../../db/AcDbDatabase.h"
 #include "../../db/AcDbEntity.h"
 #include "../../db/AcDbSymbolTableRecord.h"
 #include "../../db/core/Fields.h"
 #include "../../db/core/Stub.h"
-#include "../acedads.h"
+#include "EntityTools.h"
 #include "HostCommands.h"
+#include <utility>
 
 using namespace KxPlat;
 
 namespace {
 
-// A selection set that is freed on every way out.
-class Picked {
-public:
-    Picked() { m_result = acedSSGet(nullptr, nullptr, nullptr, nullptr, m_set); }
-    ~Picked()
-    {
-        if (m_result == RTNORM)
-            acedSSFree(m_set);
-    }
-    Picked(const Picked&) = delete;
-    bool isEmpty() const { return m_result != RTNORM; }
-
-    template <class Visit>
-    void ForEach(Visit&& visit) const
-    {
-        Adesk::Int32 count = 0;
-        if (isEmpty() || acedSSLength(m_set, &count) != RTNORM)
-            return;
-        for (Adesk::Int32 i = 0; i < count; ++i) {
-            ads_name name;
-            AcDbObjectId id;
-            if (acedSSName(m_set, i, name) == RTNORM && acdbGetObjectId(id, name) == Acad::eOk)
-                visit(id);
-        }
-    }
-
-private:
-    ads_name m_set = {0, 0};
-    int m_result;
+// What OOPS brings back.
+struct Erased : DocumentPart {
+    std::vector<AcDbObjectId> ids;
 };
 
 const wchar_t* NameOf(AcDbObjectId id)
@@ -108,18 +84,24 @@ void ListOne(AcDbObjectId id)
 void KxPlat::EraseCommand()
 {
     const Picked picked;
-    int locked = 0;
-    picked.ForEach([&](AcDbObjectId id) {
-        AcDbEntity* entity = nullptr;
-        const Acad::ErrorStatus status = acdbOpenObject(entity, id, AcDb::kForWrite);
-        locked += status == Acad::eOnLockedLayer;
-        if (status != Acad::eOk)
-            return;
-        entity->erase();
-        entity->close();
+    std::vector<AcDbObjectId>& erased = PartOf<Erased>(*acDocManager->curDocument()).ids;
+    erased.clear();
+    picked.Change([&](AcDbEntity& entity) {
+        if (entity.erase() == Acad::eOk)
+            erased.push_back(entity.objectId());
     });
-    if (locked > 0)
-        acutPrintf(L"\n%d %s on a locked layer.", locked, locked == 1 ? L"was" : L"were");
+}
+
+void KxPlat::OopsCommand()
+{
+    std::vector<AcDbObjectId>& erased = PartOf<Erased>(*acDocManager->curDocument()).ids;
+    for (const AcDbObjectId id : std::exchange(erased, {})) {
+        AcDbEntity* entity = nullptr;
+        if (acdbOpenAcDbEntity(entity, id, AcDb::kForWrite, true) != Acad::eOk)
+            continue;
+        entity->erase(false);
+        entity->close();
+    }
 }
 
 // The set stays behind as the previous one.

@@ -54,10 +54,12 @@ public:
     bool Evaluate(AcApDocument& document, std::wstring_view text, resbuf*& result) override
     {
         DocumentLisp& lisp = PartOf<DocumentLisp>(document);
+        ProgramCommands::Scope commands(Session::Current()->programs());
         Value value;
         result = nullptr;
         if (!Answer(lisp.interpreter, text, value))
             return false;
+        commands.Finish();
         lisp.lastAnswer = value;
         if (!lisp.interpreter.IsNothing(value))
             result = ChainOfValue(value);
@@ -69,10 +71,12 @@ public:
         // What a form does to the drawing is one step back.
         if (TheEditor() != nullptr && TheEditor()->running.empty())
             CoreOf(*document.database()).undo.Begin(L"LISP");
+        ProgramCommands::Scope commands(Session::Current()->programs());
         Value value;
         if (!Answer(lisp, text, value))
             return false;
         ShowValue(lisp, value);
+        commands.Finish();
         return true;
     }
     bool HasCommand(AcApDocument& document, std::wstring_view name) override
@@ -86,10 +90,12 @@ public:
             return false;
         Interpreter& lisp = InterpreterOf(document);
         const Value function = symbol->value;
+        ProgramCommands::Scope commands(Session::Current()->programs());
         Value value;
         if (!lisp.Protected([&] { value = lisp.Apply(function, nullptr, 0); }))
             return false;
         ShowValue(lisp, value);
+        commands.Finish();
         return true;
     }
     void ModuleUnloaded(void* appId) override

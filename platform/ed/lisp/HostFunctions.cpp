@@ -3,6 +3,7 @@
 #include "../../win/CodePage.h"
 #include "../../win/Files.h"
 #include "../acedads.h"
+#include "../Session.h"
 #include "../SysVars.h"
 #include "Chain.h"
 #include "HostValues.h"
@@ -98,12 +99,19 @@ resbuf* CommandChain(const Arguments& arguments)
     return ChainOfArguments(pieces.data(), pieces.size());
 }
 
+// (command) is Esc for the command that waits for more.
 bool RunCommand(const Arguments& arguments)
 {
-    static const Value escape(L"\x1b");
-    const Chain chain(CommandChain(arguments.count == 0 ? Arguments{&escape, 1} : arguments));
-    const int answer = acedCmd(chain.get());
-    if (answer == RTCAN && arguments.count != 0)
+    Session* session = Session::Current();
+    if (session == nullptr)
+        return false;
+    if (arguments.count == 0) {
+        session->programs().Cancel();
+        return true;
+    }
+    const Chain chain(CommandChain(arguments));
+    const int answer = session->programs().Feed(chain.get());
+    if (answer == RTCAN)
         throw Failure(L"Function cancelled", Failure::Kind::Cancelled);
     return answer == RTNORM;
 }
@@ -111,6 +119,15 @@ bool RunCommand(const Arguments& arguments)
 Value Command(Interpreter&, const Arguments& arguments)
 {
     RunCommand(arguments);
+    return Value();
+}
+
+// Whole commands only: what they still ask is answered by the user.
+Value WholeCommand(Interpreter&, const Arguments& arguments)
+{
+    const Chain chain(CommandChain(arguments));
+    if (acedCmd(chain.get()) == RTCAN)
+        throw Failure(L"Function cancelled", Failure::Kind::Cancelled);
     return Value();
 }
 
@@ -231,7 +248,7 @@ Value Version(Interpreter&, const Arguments&)
 
 const Builtin kRows[] = {
     {L"GETVAR", GetVariable, 1, 1}, {L"SETVAR", SetVariable, 2, 2},    {L"COMMAND", Command},
-    {L"COMMAND-S", Command},        {L"VL-CMDF", CommandWithAnswer},   {L"FINDFILE", FindFile, 1, 1},
+    {L"COMMAND-S", WholeCommand},        {L"VL-CMDF", CommandWithAnswer},   {L"FINDFILE", FindFile, 1, 1},
     {L"LOAD", Load, 1, 2},          {L"ARXLOAD", ArxLoad, 1, 2},       {L"ARXUNLOAD", ArxUnload, 1, 2},
     {L"ARX", ArxLoaded, 0, 0},      {L"GETENV", GetEnvironment, 1, 1}, {L"SETENV", SetEnvironment, 2, 2},
     {L"REDRAW", Redraw, 0, 2},      {L"TEXTSCR", Nothing, 0, 0},       {L"GRAPHSCR", Nothing, 0, 0},

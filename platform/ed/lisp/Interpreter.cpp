@@ -1,17 +1,19 @@
 #include "Interpreter.h"
 #include "../../ui/HostUi.h"
 #include "../../win/CharTables.h"
+#include "../../win/Fiber.h"
 #include "Families.h"
 #include "Printer.h"
 #include "Reader.h"
 #include <algorithm>
+#include <utility>
 
 namespace KxPlat::Lisp {
 
 namespace {
 
-// Of the eight megabytes that a process has, this much is for nested forms; the rest serves commands and modules.
-constexpr std::ptrdiff_t kStackForForms = std::ptrdiff_t(5) << 20;
+// Left of a stack for commands and modules when forms are nested as deep as they may.
+constexpr std::ptrdiff_t kStackForCommands = std::ptrdiff_t(3) << 20;
 constexpr std::ptrdiff_t kStackForErrorFunction = std::ptrdiff_t(1) << 20;
 constexpr uint64_t kStepsBetweenChecks = 4096;
 constexpr size_t kArgumentsInFrame = 6;
@@ -82,8 +84,7 @@ void Interpreter::CheckInterrupt()
 
 void Interpreter::Step()
 {
-    if (m_stackBase != nullptr &&
-        m_stackBase - StackPointer() > kStackForForms + (m_isInErrorFunction ? kStackForErrorFunction : 0))
+    if (StackPointer() - Fiber::StackEnd() < kStackForCommands - (m_isInErrorFunction ? kStackForErrorFunction : 0))
         Fail(L"Hard error occurred *** internal stack limit reached (simulated)");
     if (++m_steps % kStepsBetweenChecks != 0)
         return;
@@ -301,18 +302,15 @@ Value Interpreter::ApplyGuarded(const Value& function, const Value* arguments, s
     return Apply(function, arguments, count);
 }
 
-Interpreter::Entry::Entry(Interpreter& lisp) : m_lisp(lisp), m_base(lisp.m_stackBase), m_guards(lisp.m_guards)
+Interpreter::Entry::Entry(Interpreter& lisp) : m_lisp(lisp), m_guards(std::exchange(lisp.m_guards, 0))
 {
-    if (m_base == nullptr) {
-        lisp.m_stackBase = StackPointer();
+    if (lisp.m_entries++ == 0)
         lisp.m_steps = 0;
-    }
-    lisp.m_guards = 0;
 }
 
 Interpreter::Entry::~Entry()
 {
-    m_lisp.m_stackBase = m_base;
+    --m_lisp.m_entries;
     m_lisp.m_guards = m_guards;
 }
 

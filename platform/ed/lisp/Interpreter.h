@@ -65,7 +65,7 @@ public:
         }
         return false;
     }
-    bool IsRunning() const { return m_stackBase != nullptr; }
+    bool IsRunning() const { return m_entries != 0; }
     // The failure that Run or Protected ended with last; for callers that report it in their own way.
     const std::wstring& lastError() const { return m_lastError; }
 
@@ -79,7 +79,7 @@ public:
     void AddBuiltins(const BuiltinTable& table);
 
 private:
-    // Keeps the base of the stack of evaluations, across nested entries.
+    // Counts the evaluations that the host has begun, one within another.
     class Entry {
     public:
         explicit Entry(Interpreter& lisp);
@@ -87,7 +87,6 @@ private:
 
     private:
         Interpreter& m_lisp;
-        const char* m_base;
         int m_guards;
     };
     class Frame;
@@ -113,7 +112,7 @@ private:
     Symbol* m_lambda = nullptr;
     Symbol* m_slash = nullptr;
     Symbol* m_errorFunction = nullptr;
-    const char* m_stackBase = nullptr;
+    int m_entries = 0;
     uint64_t m_steps = 0;
     uint64_t m_stepLimit = 0;
     long m_memoryLimit = 20'000'000;   // about a gigabyte

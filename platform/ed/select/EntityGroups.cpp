@@ -10,6 +10,7 @@
 #include "../../rx/acutads.h"
 #include "../../rx/ResBufs.h"
 #include "../../win/CodePage.h"
+#include <numbers>
 
 namespace KxPlat {
 
@@ -180,6 +181,12 @@ bool IsPointGroup(int code)
            (code >= 1010 && code <= 1013);
 }
 
+bool IsAngle(const AcDbObject& object, int code)
+{
+    return code >= 50 && code <= 58 &&
+           (AcDbEntity::cast(&object) != nullptr || AcDbSymbolTableRecord::cast(&object) != nullptr);
+}
+
 size_t PointAt(const GroupList& groups, size_t at, double (&point)[3])
 {
     point[0] = groups[at].real();
@@ -205,6 +212,10 @@ GroupList GroupsForPrograms(AcDbObjectId id, const std::vector<std::wstring>& ap
     GroupForm form;
     form.version = AcDb::kDHL_1024;
     GetGroups(object, collector, form);
+    for (GroupValue& group : groups) {
+        if (IsAngle(object, group.code))
+            group.value = group.real() * std::numbers::pi / 180;
+    }
     OwnerFirst(groups);
     if (AcDbEntity::cast(&object) != nullptr)
         AddSpace(groups, object);

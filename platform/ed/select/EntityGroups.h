@@ -15,6 +15,8 @@ resbuf* ChainForPrograms(const GroupList& groups);
 
 // A group of the list with the parts of a point behind it; how many groups that were, 1 where it is no point.
 size_t PointAt(const GroupList& groups, size_t at, double (&point)[3]);
+// Angles are degrees in files and objects, and radians for programs.
+bool IsAngle(const AcDbObject& object, int code);
 // True for codes whose value is a point: code + 10 and code + 20 are its other coordinates.
 bool IsPointGroup(int code);
 

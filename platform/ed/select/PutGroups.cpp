@@ -9,6 +9,7 @@
 #include "../../win/CodePage.h"
 #include "EntityGroups.h"
 #include <algorithm>
+#include <numbers>
 #include <set>
 
 namespace KxPlat {
@@ -215,7 +216,11 @@ const GroupValue* ObjectGroups::Find(int code) const
 
 Acad::ErrorStatus PutGroups(AcDbObject& object, AcDbDatabase& database, const ObjectGroups& from)
 {
-    const GroupList groups = WithoutBraces(from.groups);
+    GroupList groups = WithoutBraces(from.groups);
+    for (GroupValue& group : groups) {
+        if (IsAngle(object, group.code))
+            group.value = group.real() * 180 / std::numbers::pi;
+    }
     Filler filler(object, database, groups);
     Acad::ErrorStatus status = filler.CheckNames();
     if (status != Acad::eOk)

@@ -93,6 +93,7 @@ PlainField PlainFieldOf(const ClassSchema& schema, int code)
     // The space, the owner and the handle are told by more than a member.
     for (const int special : {-1, 5, 67, 330, 410})
         plain.isAmbiguous = plain.isAmbiguous || code == special;
+    plain.isAmbiguous = plain.isAmbiguous || (code >= 50 && code <= 58);   // angles are radians for programs
     for (const Section& section : schema.sections())
         for (const Field& field : section.fields) {
             if (field.list != nullptr) {

@@ -1,4 +1,5 @@
 // Programs at work on a drawing.
+#include "db/AcDbArc.h"
 #include "lispSession.h"
 #include <gtest/gtest.h>
 
@@ -352,4 +353,19 @@ TEST(LispSymbols, AModulesFunctionGetsItsArguments)
     EXPECT_EQ(lisp(L"(add-all 1)"), L"\n; error: no function definition: ADD-ALL");
     EXPECT_EQ(acedUndef(L"add-all", 100), RTERROR);
     acedRegFunc(nullptr, 100);
+}
+
+// Degrees in the drawing, radians in a program's lists and filters.
+TEST(LispEntities, AnglesAreRadians)
+{
+    LispSession lisp;
+    lisp(L"(defun degrees (x) (rtos (/ (* x 180) pi) 2 4))");
+    lisp(L"(setq arc (entmakex (list '(0 . \"ARC\") '(10 0 0 0) '(40 . 1.0) (cons 50 0.0) (cons 51 (/ pi 2)))))");
+    EXPECT_EQ(lisp(L"(degrees (cdr (assoc 51 (entget arc))))"), L"\"90\"");
+    const AcDbStub* stub = lisp.interpreter().Find(L"ARC")->value.id();
+    EXPECT_NEAR(static_cast<const AcDbArc*>(stub->object)->endAngle(), 1.5707963, 1e-7);
+    lisp(L"(setq e (entget arc)) (entmod (subst (cons 51 pi) (assoc 51 e) e))");
+    EXPECT_EQ(lisp(L"(degrees (cdr (assoc 51 (entget arc))))"), L"\"180\"");
+    EXPECT_EQ(lisp(L"(sslength (ssget \"X\" '((0 . \"ARC\") (-4 . \">\") (51 . 3.14) (-4 . \"<\") (51 . 3.15))))"),
+              L"1");
 }
