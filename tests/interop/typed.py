@@ -3,6 +3,7 @@ import os
 import pty
 import select
 import signal
+import socket
 import subprocess
 import time
 import unittest
@@ -94,8 +95,12 @@ class Terminal(Hosts):
         os.kill(self.host.pid, signal.SIGINT)
         self.wait_until("*Cancel*")
         self.wait_until("Command: ")
-        self.type("\x04")
-        self.assertEqual(self.host.wait(timeout=60), 0)
+
+        def has_ended():   # a key that comes before the editor is ready is lost
+            self.type("\x04")
+            return self.host.poll() is not None
+        wait_for("the end of the host", has_ended)
+        self.assertEqual(self.host.returncode, 0)
 
 
 class DebugOutput(Hosts):
@@ -103,7 +108,6 @@ class DebugOutput(Hosts):
         viewer = self.begin("--debug-output")
         socket_file = self.folder / "windows" / "debug.socket"
         wait_for("the viewer", socket_file.exists)
-        import socket
         sender = socket.socket(socket.AF_UNIX, socket.SOCK_DGRAM)
         for text in ("图层 1\n", "half a ", "line\nand more"):
             sender.sendto(text.encode(), str(socket_file))
