@@ -356,7 +356,8 @@ template <class Writer>
 void DxfWriter<Writer>::Entity(const AcDbStub* stub)
 {
     const AcDbEntity& entity = static_cast<const AcDbEntity&>(*stub->object);
-    if (IsR12() && !m_isSameForm && WriteOldForm(entity, m_sink))
+    const bool isFromFile = m_isSameForm && ObjectAccess::Shape(entity) != 0;
+    if (IsR12() && !isFromFile && WriteOldForm(entity, m_sink))
         return;
     m_sink.Write(DxfNameOf(entity), entity, m_form);
     if (m_version < AcDb::kDHL_1015 && !m_isSameForm)
