@@ -29,12 +29,14 @@ public:
     void Run();
 
 private:
-    void Walk(const PendingChain& chain);
+    std::vector<AcDbStub*> Walk(const PendingChain& chain);
+    void AttachParts(const PendingChain& chain);
     const ChainLink* LinkOf(uint64_t handle);
     void Own();
     void Complete(const PendingBlock& block);
     void PlaceLeftOver();
-    static void NumberViewports(const AcDbBlockTableRecord& block);
+    static void MarkPaper(const AcDbBlockTableRecord& block);
+    static void NumberViewports(const AcDbBlockTableRecord& block, bool isCurrent);
 
     DwgInput& m_input;
     const std::vector<PlacedEntity>& m_entities;
@@ -54,12 +56,10 @@ const ChainLink* Assembly::LinkOf(uint64_t handle)
     return &*place;
 }
 
-void Assembly::Walk(const PendingChain& chain)
+// The entities of a chain, in its order.
+std::vector<AcDbStub*> Assembly::Walk(const PendingChain& chain)
 {
-    AcDbBlockTableRecord* block = AcDbBlockTableRecord::cast(chain.owner->object);
-    AcDbEntity* whole = EntityAt(chain.owner);
-    if (block == nullptr && whole == nullptr)
-        return;
+    std::vector<AcDbStub*> found;
     uint64_t handle = chain.first;
     for (size_t steps = 0; handle != 0 && steps <= m_input.links.size(); ++steps) {
         const ChainLink* link = LinkOf(handle);
@@ -67,14 +67,29 @@ void Assembly::Walk(const PendingChain& chain)
             m_input.report.Mend("a chain of entities is broken");
             break;
         }
-        AcDbStub* stub = m_input.StubOf(handle);
-        block != nullptr ? block->attach(stub) : whole->attachPart(stub);
+        found.push_back(m_input.StubOf(handle));
         if (handle == chain.last)
             break;
         handle = link->next;
     }
-    if (block == nullptr && chain.end != 0)
-        whole->attachPart(m_input.StubOf(chain.end));
+    return found;
+}
+
+void Assembly::AttachParts(const PendingChain& chain)
+{
+    AcDbEntity* whole = EntityAt(chain.owner);
+    if (whole == nullptr || whole->parts() == nullptr)
+        return;
+    std::vector<AcDbStub*> parts = Walk(chain);
+    parts.insert(parts.end(), chain.list.begin(), chain.list.end());
+    for (AcDbStub* stub : parts) {
+        AcDbEntity* part = EntityAt(stub);
+        // What has parts itself, or is in a block, is no part.
+        if (part == nullptr || part->parts() != nullptr || ObjectAccess::Owner(*part) != nullptr)
+            continue;
+        ObjectAccess::Owner(*part) = chain.owner;
+        whole->attachPart(stub);
+    }
 }
 
 // Who is in a list belongs to the owner of the list.
@@ -96,13 +111,6 @@ void Assembly::Own()
                    list.end());
         if (list.size() != before)
             m_input.report.Mend("a block lists entities that are not there");
-    }
-    for (const PlacedEntity& placed : m_entities) {
-        const std::vector<AcDbStub*>* parts = static_cast<AcDbEntity*>(placed.stub->object)->parts();
-        if (parts != nullptr)
-            for (AcDbStub* part : *parts)
-                if (AcDbEntity* entity = EntityAt(part))
-                    ObjectAccess::Owner(*entity) = placed.stub;
     }
 }
 
@@ -145,7 +153,7 @@ void Assembly::PlaceLeftOver()
         AcDbEntity* whole = AcDbEntity::cast(placed.owner->object);
         if (block != nullptr)
             block->attach(placed.stub);
-        else if (whole != nullptr && whole->parts() != nullptr)
+        else if (whole != nullptr && whole->parts() != nullptr && static_cast<AcDbEntity&>(entity).parts() == nullptr)
             whole->attachPart(placed.stub);
         else
             continue;
@@ -153,14 +161,32 @@ void Assembly::PlaceLeftOver()
     }
 }
 
-// The file does not say: the sheet itself is number one.
-void Assembly::NumberViewports(const AcDbBlockTableRecord& block)
+// Only entities of the current sheet say so themselves.
+void Assembly::MarkPaper(const AcDbBlockTableRecord& block)
+{
+    std::vector<AcDbStub*> all = block.entities();
+    for (AcDbStub* mark : {block.beginStub(), block.endStub()})
+        if (mark != nullptr)
+            all.push_back(mark);
+    for (size_t i = 0; i < all.size(); ++i) {
+        AcDbEntity* entity = EntityAt(all[i]);
+        if (entity == nullptr)
+            continue;
+        entity->setInPaperSpace(true);
+        if (entity->parts() != nullptr)
+            all.insert(all.end(), entity->parts()->begin(), entity->parts()->end());
+    }
+}
+
+// The file does not say: the sheet itself is number one. On other sheets than the current one none is active.
+void Assembly::NumberViewports(const AcDbBlockTableRecord& block, bool isCurrent)
 {
     constexpr int kIsOff = 0x20000;
     int16_t number = 0;
     for (AcDbStub* stub : block.entities())
         if (stub->object->isKindOf(AcDbViewport::desc())) {
-            Member<int16_t>(*stub->object, 69) = ++number;
+            number = int16_t(isCurrent ? number + 1 : 0);
+            Member<int16_t>(*stub->object, 69) = number;
             const bool isOff = (Member<int32_t>(*stub->object, 90) & kIsOff) != 0;
             Member<int16_t>(*stub->object, 68) = isOff ? int16_t(0) : number;
         }
@@ -173,13 +199,21 @@ void Assembly::Run()
     if (!std::is_sorted(links.begin(), links.end(), isBefore))
         std::sort(links.begin(), links.end(), isBefore);
     for (const PendingChain& chain : m_input.chains)
-        Walk(chain);
+        if (AcDbBlockTableRecord* block = AcDbBlockTableRecord::cast(chain.owner->object))
+            for (AcDbStub* stub : Walk(chain))
+                block->attach(stub);
     Own();
+    for (const PendingChain& chain : m_input.chains)
+        AttachParts(chain);
     for (const PendingBlock& block : m_input.blocks)
         Complete(block);
     PlaceLeftOver();
-    for (const AcDbStub* record : m_input.core.Table(TableKind::Block)->records())
-        NumberViewports(*static_cast<AcDbBlockTableRecord*>(record->object));
+    for (const AcDbStub* record : m_input.core.Table(TableKind::Block)->records()) {
+        const AcDbBlockTableRecord& block = *static_cast<AcDbBlockTableRecord*>(record->object);
+        if (block.isPaperSpace())
+            MarkPaper(block);
+        NumberViewports(block, record->handle == m_input.file.roots.paperSpace);
+    }
 }
 
 }   // namespace

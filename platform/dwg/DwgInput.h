@@ -10,11 +10,12 @@
 
 namespace KxPlat {
 
-// The entities of a block, or the parts of an entity, in files that chain them: each knows the one before and behind.
+// The entities of a block, or the parts of an entity. In old files they are chained: each knows the one before and
+// behind.
 struct PendingChain {
-    AcDbStub* owner;
-    uint64_t first, last;
-    uint64_t end;   // of parts: the end mark; 0: a block
+    AcDbStub* owner = nullptr;
+    uint64_t first = 0, last = 0;
+    std::vector<AcDbStub*> list;   // of parts: what stands behind the chain, or all of them
 };
 struct ChainLink {
     uint64_t handle;

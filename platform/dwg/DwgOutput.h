@@ -21,6 +21,9 @@ public:
     TextCodec codec;
     DwgRoots roots;
     uint64_t layerZero = 0;
+    // The table of blocks: null where a number is passed over, and names as the file has them.
+    std::vector<const AcDbStub*> blocks;
+    std::unordered_map<const AcDbStub*, CString> blockNames;
     std::unordered_set<const AcDbStub*> dropped;        // live, but not in this file
     std::unordered_map<std::string, AcDbStub*> books;   // colours of colour books by their names
 

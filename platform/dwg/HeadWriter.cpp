@@ -1,6 +1,7 @@
 #include "HeadWriter.h"
 #include "../db/AcDbBlockTableRecord.h"
 #include "../win/CodePage.h"
+#include "DwgTexts.h"
 #include "HeaderRoots.h"
 #include "ObjectHead.h"
 
@@ -24,14 +25,15 @@ void BigHandle(BitWriter& items, uint64_t handle)
 void XDataText(ObjectEncoder& out, BitWriter& items, const CString& text)
 {
     if (HasStringStream(out.version)) {
-        const std::u16string units = ToUtf16({text.GetString(), size_t(text.GetLength())});
+        const CString plain = WithoutCarets(text);
+        const std::u16string units = ToUtf16({plain.GetString(), size_t(plain.GetLength())});
         items.RS(int(units.size()));
         for (char16_t unit : units)
             items.RS(unit);
         return;
     }
     constexpr size_t kLongest = 255;
-    const std::string_view bytes = out.output.codec.Encode(text).substr(0, kLongest);
+    const std::string bytes = BytesOf(text, out.output.codec).substr(0, kLongest);
     items.RC(int(bytes.size()));
     items.BigRS(NumberOfCodePage(out.output.codec.codePage()));
     items.Bytes(bytes);

@@ -8,7 +8,7 @@
 //   BS 70#3  280^2   the group of the class's third section; the second group of that code
 //   BD 30,31         the value is kept under further codes when read
 //   BL n:90  BL n    a value with a name, with or without a group
-//   RC 70=5          left out in memory when it is 5, and written as 5 when it is missing
+//   RC 70=5          written as 5 when it is missing;  RC 70~5: and left out in memory when it is 5
 //   DD 11(10)        the value of group 10 is the one that it is told apart from
 //   2RD[n] 11        n times the same; for n { ... } n times several
 //   if v>=2000 {} else {}   if flag&4 {}   if !df&2 {}   if kind==3 {}

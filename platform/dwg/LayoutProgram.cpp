@@ -297,12 +297,14 @@ void Compiler::Pairs(LayoutScanner& in, Step& step)
 void Compiler::Modifiers(LayoutScanner& in, Step& step)
 {
     for (;;) {
-        if (in.Take('=')) {
-            step.hasDefault = true;
+        const bool isLeftOut = in.Take('~');
+        if (isLeftOut || in.Take('=')) {
+            step.hasDefault = isLeftOut;
             int count = 0;
-            do
+            while (count < 3 && in.IsNumber()) {
                 step.place.defaultReal[count++] = in.Real();
-            while (count < 3 && in.Take(','));
+                in.Take(',');
+            }
             step.place.defaultInteger = int64_t(step.place.defaultReal[0]);
         } else if (in.TakeWord("auto"))
             step.isAuto = true;

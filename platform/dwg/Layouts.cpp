@@ -77,7 +77,7 @@ if plain {
 if v<=14 { BD 41; BD 42; BD 43; } else { SCALE 41; }
 BD 50a; 3BD 210; B parts:66 calc(HASPARTS);
 if v>=2004 { if parts { BL owned calc(PARTCOUNT); } })"},
-    {"SPLINEFIT", "BD 44; 3BD 12; 3BD 13; BL n; 3BD[n] 11;"},
+    {"SPLINEFIT", "BD 44; 3BD 12; 3BD 13; BL n; 3BD[n] 11; FITCURVE 70;"},
     {"SPLINECONTROL",
      R"(B 70&4; B 70&1; B 70&2; BD 42; BD 43; BL nk; BL nc; B weighted calc(WEIGHTED); BD[nk] 40;
 for nc { 3BD 10; if weighted { BD 41; } })"},
@@ -97,7 +97,7 @@ H 340;)"},
      R"(BL 90; 3BD 10; 3BD 11; 3BD 12; 2RD 13; BS 70; B 280; RC 281; RC 282; RC 283;
 if v>=2010 { B 290; }
 BS form:71;
-if form==1 { 2RD 14; 2RD 14; } else { BL n; 2RD[n] 14; }
+if form==1 { 2RD 14; 2RD 14; } else { OUTLINE 14; }
 H5 340; H3 360;)"},
     {"PLOTBODY",
      R"(T 1#1; T 2#1; BS 70#1; BD 40#1; BD 41#1; BD 42#1; BD 43#1; BD 44#1; BD 45#1; T 4#1; BD 46#1; BD 47#1; BS 72#1; BS 73#1;
@@ -108,34 +108,34 @@ if v>=2004 { BS 76#1; BS 77#1; BS 78#1; NAMEDBY 6#1; }
 if v>=2007 { H4 333#1; })"},
     {"RECORD",
      R"(T 2;
-if v<=2004 { B 70&64; BS xref; B 70&16; } else { BS xref map(256=70&16); }
+if v<=2004 { B _=1; BS _; B 70&16; } else { BS _ map(256=70&16); }
 XREF;)"},
     {"CONTROL", "TABLE;"},
     {"POLYPARTS", "if v>=2004 { BL owned calc(PARTCOUNT); } PARTS[owned];"},
 };
 
 const char* const kDimStyleNew = R"(
-T 3; T 4; BD 40=1; BD 41=0.18; BD 42=0.0625; BD 43=0.38; BD 44=0.18; BD 45=0; BD 46=0; BD 47=0; BD 48=0;
-if v>=2007 { BD 49=1; BD 50a=45; BS 69=0; CMC 70^2=0; }
-B 71=0; B 72=0; B 73=1; B 74=1; B 75=0; B 76=0; BS 77=0; BS 78=0; BS 79=0;
-if v>=2007 { BS 90=0; }
-BD 140=0.18; BD 141=0.09; BD 142=0; BD 143=25.4; BD 144=1; BD 145=0; BD 146=1; BD 147=0.09; BD 148=0;
-B 170=0; BS 171=2; B 172=0; B 173=0; B 174=0; B 175=0; CMC 176=0; CMC 177=0; CMC 178=0;
-BS 179=0; BS 271=4; BS 272=4; BS 273=2; BS 274=2; BS 275=0; BS 276=0; BS 277=2; BS 278=46; BS 279=0; BS 280=0;
-B 281=0; B 282=0; BS 283=1; BS 284=0; BS 285=0; BS 286=0; B 288=0; BS 289=3;
-if v>=2007 { B 290=0; }
-if v>=2010 { B 294=0; BD 295=100; T 296; BD 297=100; T 298; }
-BS 371=-2; BS 372=-2; B 70&1;
+T 3~; T 4~; BD 40~1; BD 41~0.18; BD 42~0.0625; BD 43~0.38; BD 44~0.18; BD 45~0; BD 46~0; BD 47~0; BD 48~0;
+if v>=2007 { BD 49~1; BD 50a~45; BS 69~0; CMC 70^2~0; }
+B 71~0; B 72~0; B 73~1; B 74~1; B 75~0; B 76~0; BS 77~0; BS 78~0; BS 79~0;
+if v>=2007 { BS 90~0; }
+BD 140~0.18; BD 141~0.09; BD 142~0; BD 143~25.4; BD 144~1; BD 145~0; BD 146~1; BD 147~0.09; BD 148~0;
+B 170~0; BS 171~2; B 172~0; B 173~0; B 174~0; B 175~0; CMC 176~0; CMC 177~0; CMC 178~0;
+BS 179~0; BS 271~4; BS 272~4; BS 273~2; BS 274~2; BS 275~0; BS 276~0; BS 277~2; BS 278~46; BS 279~0; BS 280~0;
+B 281~0; B 282~0; BS 283~1; BS 284~0; BS 285~0; BS 286~0; B 288~0; BS 289~3;
+if v>=2007 { B 290~0; }
+if v>=2010 { B 294~0; BD 295~100; T 296~; BD 297~100; T 298~; }
+BS 371~-2; BS 372~-2; B 70&1;
 H 340; H 341; H 342; H 343; H 344;
 if v>=2007 { H 345; H 346; H 347; })";
 
 const char* const kDimStyleOld = R"(
-B 71=0; B 72=0; B 73=1; B 74=1; B 75=0; B 76=0; B 170=0; B 172=0; B 173=0; B 174=0; B 175=0; RC 171=2; RC 78=0;
-B 281=0; B 282=0; RC 283=1; RC 280=0; RC 287=3; B 288=0; RC 284=0; RC 285=0; RC 286=0; RC 77=0; BS 270=2; BS 275=0;
-BS 271=4; BS 272=4; BS 273=2; BS 274=2;
-BD 40=1; BD 41=0.18; BD 42=0.0625; BD 43=0.38; BD 44=0.18; BD 45=0; BD 46=0; BD 47=0; BD 48=0; BD 140=0.18; BD 141=0.09;
-BD 142=0; BD 143=25.4; BD 144=1; BD 145=0; BD 146=1; BD 147=0.09;
-T 3; T 4; T 5; T 6; T 7; CMC 176=0; CMC 177=0; CMC 178=0; B 70&1; H 340;)";
+B 71~0; B 72~0; B 73~1; B 74~1; B 75~0; B 76~0; B 170~0; B 172~0; B 173~0; B 174~0; B 175~0; RC 171~2; RC 78~0;
+B 281~0; B 282~0; RC 283~1; RC 280~0; RC 287~3; B 288~0; RC 284~0; RC 285~0; RC 286~0; RC 77~0; BS 270~2; BS 275~0;
+BS 271~4; BS 272~4; BS 273~2; BS 274~2;
+BD 40~1; BD 41~0.18; BD 42~0.0625; BD 43~0.38; BD 44~0.18; BD 45~0; BD 46~0; BD 47~0; BD 48~0; BD 140~0.18; BD 141~0.09;
+BD 142~0; BD 143~25.4; BD 144~1; BD 145~0; BD 146~1; BD 147~0.09;
+T 3~; T 4~; T 5~; T 6~; T 7~; CMC 176~0; CMC 177~0; CMC 178~0; B 70&1; H 340;)";
 
 const Layout kLayouts[] = {
     // Curves and points
@@ -161,7 +161,7 @@ BT 39; BE 210;)"},
   if !all&1 { BS 70; }
 })"},
     {"SHAPE", 33, true, nullptr,
-     "3BD 10; BD 40; BD 50a=0; BD 41=1; BD 51a=0; BD 39=0; SHAPENUMBER 2; 3BD 210=0,0,1; SHAPESTYLE;",
+     "3BD 10; BD 40; BD 50a~0; BD 41~1; BD 51a~0; BD 39~0; SHAPENUMBER 2; 3BD 210~0,0,1; SHAPESTYLE;",
      "@AcDbShape 39 10 40 2 50 41 51 210"},
     {"SPLINE", 36, true, L"AcDbSpline",
      R"(BL scenario calc(SPLINEKIND);
@@ -187,14 +187,14 @@ VERTICES[flag] 10;)"},
     {"MTEXT", 44, true, L"AcDbMText",
      R"(3BD 10; 3BD 210; PARAGRAPHDIRECTION 11,50; BD 41;
 if v>=2007 { BD 46=0; }
-BD 40; BS 71; BS 72; BD 43=0; BD 42=0; PARAGRAPH 1; H 7;
+BD 40; BS 71; BS 72; BD 43~0; BD 42~0; PARAGRAPH 1; H 7;
 if v>=2000 { BS 73; BD 44; B _; }
 if v>=2004 {
-  BL bg:90=0;
-  if v>=2018 { if bg&17 { BD 45=1.5; CMC 63; BL 441=0; } } else { if bg&1 { BD 45=1.5; CMC 63; BL 441=0; } }
+  BL bg:90~0;
+  if v>=2018 { if bg&17 { BD 45=1.5; CMC 63; BL 441~0; } } else { if bg&1 { BD 45=1.5; CMC 63; BL 441~0; } }
 }
 if v>=2018 { use COLUMNS; })"},
-    {"BLOCK", 4, true, L"AcDbBlockBegin", "T 2,3;"},
+    {"BLOCK", 4, true, L"AcDbBlockBegin", "BLOCKNAME 2;"},
     {"ENDBLK", 5, true, L"AcDbBlockEnd", ""},
     {"SEQEND", 6, true, L"AcDbSequenceEnd", ""},
     {"INSERT", 7, true, L"AcDbBlockReference", "use INSERTBODY; H 2; if parts { PARTS[owned]; }"},
@@ -306,7 +306,7 @@ if v>=2000 {
     {"PDFUNDERLAY", 0, true, nullptr, "use UNDERLAY;", "@AcDbUnderlayReference 340+ 10 41 42 43 50 210 280 281 282"},
     {"DWFUNDERLAY", 0, true, nullptr, "use UNDERLAY;", "@AcDbUnderlayReference 340+ 10 41 42 43 50 210 280 281 282"},
     {"DGNUNDERLAY", 0, true, nullptr, "use UNDERLAY;", "@AcDbUnderlayReference 340+ 10 41 42 43 50 210 280 281 282"},
-    {"OLE2FRAME", 74, true, nullptr, "BS 70; if v>=2000 { BS 72; } BL n; BYTES[n] 310; if v>=2000 { RC 73=0; }",
+    {"OLE2FRAME", 74, true, nullptr, "BS 70; if v>=2000 { BS 72; } BL n; BYTES[n] 310; if v>=2000 { RC 73~0; }",
      "@AcDbOle2Frame 70 72 73 310"},
     {"OLEFRAME", 43, true, nullptr, "BS 70; if v>=2000 { BS 72=0; } BL n; BYTES[n] 310;", "@AcDbOleFrame 70 72 310"},
     {"REGION", 37, true, L"AcDbRegion", "REST;", "", true},
@@ -326,7 +326,9 @@ if v>=2000 {
     {"APPID_CONTROL", 66, false, nullptr, "use CONTROL;"},
     {"DIMSTYLE_CONTROL", 68, false, nullptr, "use CONTROL;"},
     {"BLOCK_RECORD", 49, false, L"AcDbBlockTableRecord",
-     R"(use RECORD; BLOCKFLAGS;
+     R"(BLOCKNAME 2;
+if v<=2004 { B _=1; BS _; B dependent calc(DEPENDENT); } else { BS dependent calc(DEPENDENT); }
+XREF; BLOCKFLAGS[dependent];
 if v>=2004 { OWNEDCOUNT[owned]; }
 BLOCKORIGIN;
 if v>=2000 { INSERTCOUNT[inserts]; BLOCKCOMMENT; BL n; BYTES[n] 310; }
@@ -366,7 +368,7 @@ if v>=2007 { use VIEWLIGHTS; }
 if v>=2000 { B _; B 65=1; 3BD 110; 3BD 111=1,0,0; 3BD 112=0,1,0; BD 146; BS 79; }
 if v>=2007 { BS 60=3; BS 61=5; H4 332; H 348; H3 361; }
 if v>=2000 { H 345; H 346; })"},
-    {"APPID", 67, false, L"AcDbRegAppTableRecord", "use RECORD; RC 71=0;"},
+    {"APPID", 67, false, L"AcDbRegAppTableRecord", "use RECORD; RC 71~0;"},
     {"DIMSTYLE", 69, false, L"AcDbDimStyleTableRecord",
      "use RECORD; if v<=14 { use DIMSTYLE_OLD; } else { use DIMSTYLE_NEW; }"},
 

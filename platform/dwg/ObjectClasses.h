@@ -13,6 +13,8 @@ public:
     // Declares the class where that is needed, and counts the object. 0 for a class that nobody can declare.
     int NumberOf(const Layout& layout);
     int NumberOf(std::string_view dxfName, bool isEntity);
+    // Whether such an object could be given a number.
+    bool Knows(std::string_view dxfName) const { return m_byName.count(std::string(dxfName)) != 0; }
     std::vector<DwgClass> Take() { return std::move(m_classes); }
 
 private:

@@ -1,5 +1,6 @@
 #include "ObjectDecoder.h"
 #include "../win/CodePage.h"
+#include "DwgTexts.h"
 #include "DwgTypes.h"
 #include "SpecialItems.h"
 #include <algorithm>
@@ -37,7 +38,7 @@ CString ObjectDecoder::Text()
         std::string_view bytes = data.View(length, m_room);
         if (!bytes.empty() && bytes.back() == 0)
             bytes.remove_suffix(1);
-        return input.codec.Decode(bytes);
+        return WithCarets(input.codec.Decode(bytes));
     }
     if (!hasTexts)
         return CString();
@@ -62,7 +63,7 @@ CString ObjectDecoder::Text()
         isPlain = false;
         units.push_back(unit);
     }
-    return isPlain ? CString(wide, int(length)) : FromUnits(units, TextCodec(kUtf8));
+    return WithCarets(isPlain ? CString(wide, int(length)) : FromUnits(units, TextCodec(kUtf8)));
 }
 
 StoredDwgColor ObjectDecoder::Color()
@@ -321,7 +322,8 @@ void ObjectDecoder::One(const Step& step)
         return;
     }
     case Bits::Text:
-        PutText(step.place, Text());
+        if (const CString text = Text(); !step.hasDefault || !text.IsEmpty())
+            PutText(step.place, text);
         for (uint32_t offset : step.also)
             At<CString>(offset) = At<CString>(step.place.offset);
         return;

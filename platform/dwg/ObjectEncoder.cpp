@@ -1,5 +1,6 @@
 #include "ObjectEncoder.h"
 #include "../win/CodePage.h"
+#include "DwgTexts.h"
 #include "DwgTypes.h"
 #include "GroupCopy.h"
 #include "SpecialItems.h"
@@ -9,7 +10,7 @@ namespace KxPlat {
 
 // --- groups to be taken ---
 
-void GroupBucket::Fill(const AcDbObject& object, DwgVersion)
+void GroupBucket::Fill(const AcDbObject& object)
 {
     static const GroupList none;
     const Annex* annex = ObjectAccess::Find(object);
@@ -31,6 +32,22 @@ void GroupBucket::Fill(const AcDbObject& object, DwgVersion)
             }
     m_view = {0, m_groups->size()};
     m_next = 0;
+}
+
+// The name of an entry stands before its object, a sort handle behind it.
+void GroupBucket::Thin(const DwgOutput& output)
+{
+    for (size_t i = 0; i < m_own.size(); ++i) {
+        const AcDbStub* stub = m_own[i].id();
+        if (stub == nullptr || output.dropped.count(stub) == 0)
+            continue;
+        m_isTaken[i] = true;
+        const int code = m_own[i].code;
+        if ((code == 350 || code == 360) && i > 0 && m_own[i - 1].code == 3)
+            m_isTaken[i - 1] = true;
+        if (code == 331 && i + 1 < m_own.size() && m_own[i + 1].code == 5)
+            m_isTaken[i + 1] = true;
+    }
 }
 
 const GroupValue* GroupBucket::Take(int code)
@@ -93,7 +110,9 @@ GroupBucket& ObjectEncoder::BucketOf(const Place& place)
         if (bucket.list == place.list && bucket.section == section)
             return bucket;
     m_buckets.emplace_back(place.list, section);
-    m_buckets.back().Fill(*object, version);
+    m_buckets.back().Fill(*object);
+    if (place.list != nullptr && !output.dropped.empty())
+        m_buckets.back().Thin(output);
     return m_buckets.back();
 }
 
@@ -169,16 +188,16 @@ const AcDbStub* ObjectEncoder::GetId(const Place& place)
 void ObjectEncoder::Text(const CString& text)
 {
     if (!HasStringStream(version)) {
-        const std::string_view bytes = output.codec.Encode(text);
+        const std::string bytes = BytesOf(text, output.codec);
         if (bytes.empty())
             return data.BS(0);
         const size_t length = std::min<size_t>(bytes.size(), 0x7FFE);
         data.BS(int(length) + 1);
-        data.Bytes(bytes.substr(0, length));
+        data.Bytes(std::string_view(bytes).substr(0, length));
         return data.RC(0);
     }
-    const wchar_t* const wide = text;
-    const std::u16string units = ToUtf16({wide, size_t(text.GetLength())});
+    const CString plain = WithoutCarets(text);
+    const std::u16string units = ToUtf16({plain.GetString(), size_t(plain.GetLength())});
     const size_t length = std::min<size_t>(units.size(), 0xFFFF);
     texts.BS(int(length));
     for (size_t i = 0; i < length; ++i)

@@ -12,7 +12,9 @@ namespace KxPlat {
 class GroupBucket {
 public:
     GroupBucket(const ListField* list, int section) : list(list), section(section) {}
-    void Fill(const AcDbObject& object, DwgVersion version);
+    void Fill(const AcDbObject& object);
+    // Leaves out entries whose objects the file will not hold.
+    void Thin(const DwgOutput& output);
 
     // The next group of this code within the row, taken; null when there is none left.
     const GroupValue* Take(int code);

@@ -2,6 +2,7 @@
 #include "../db/AcDbEntity.h"
 #include "../win/CodePage.h"
 #include "DwgCodePages.h"
+#include "DwgTexts.h"
 #include "DwgTypes.h"
 #include "HeaderRoots.h"
 
@@ -97,15 +98,15 @@ void HeadReader::XDataItem(BitReader& items, GroupList& groups)
             std::u16string units(std::min<size_t>(items.RS(), items.Left() / 16), 0);
             for (char16_t& unit : units)
                 unit = items.RS();
-            group.value = CString(FromUtf16(units).c_str());
+            group.value = WithCarets(CString(FromUtf16(units).c_str()));
         } else {
             const size_t length = items.RC();
             const int page = items.BigRS();
             items.Bytes(length, bytes);
             while (!bytes.empty() && bytes.back() == 0)
                 bytes.pop_back();
-            const TextCodec own(page == 0 ? 0 : CodePageOfNumber(page).windows);
-            group.value = (page == 0 || !IsCodePage(own.codePage()) ? in.input.codec : own).Decode(bytes);
+            const TextCodec own(CodePageOfNumber(page).windows);
+            group.value = WithCarets((page == 0 ? in.input.codec : own).Decode(bytes));
         }
         break;
     case 2:

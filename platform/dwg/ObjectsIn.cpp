@@ -5,6 +5,7 @@
 #include "../db/AcDbProxyObject.h"
 #include "../db/AcDbSymbolTable.h"
 #include "../db/core/DefaultDrawing.h"
+#include "../db/core/OldViews.h"
 #include "../db/core/RecordNames.h"
 #include "../rx/AcRxClass.h"
 #include "BlockAssembly.h"
@@ -313,6 +314,8 @@ ObjectsRead ObjectsReader::Run()
     AttachRecordsLeftOver(*this, m_records);
     AssembleBlocks(*this, m_entities);
     NameRoots();
+    if (version < kR2000)
+        TakeOldViews(core);
     return m_result;
 }
 

@@ -12,6 +12,7 @@
 #include "HeadWriter.h"
 #include "ObjectClasses.h"
 #include "ObjectTypes.h"
+#include "SpecialPairs.h"
 #include <algorithm>
 
 namespace KxPlat {
@@ -95,6 +96,7 @@ void ObjectsWriter::FindRoots()
     roots.byBlock = handleOf(TableKind::Linetype, L"ByBlock");
     roots.continuous = handleOf(TableKind::Linetype, L"Continuous");
     m_output.layerZero = handleOf(TableKind::Layer, L"0");
+    PlanBlocks(m_output);
 }
 
 const Layout* ObjectsWriter::LayoutFor(const AcDbObject& object) const
@@ -155,8 +157,10 @@ bool HasShapeNumber(const AcDbObject& object)
 
 bool ObjectsWriter::CanWrite(const AcDbObject& object)
 {
-    if (BitsOf(object) != nullptr || object.isKindOf(AcDbSymbolTable::desc()))
+    if (object.isKindOf(AcDbSymbolTable::desc()))
         return true;
+    if (const KeptBits* bits = BitsOf(object))
+        return bits->type != 0 || m_classes.Knows(bits->dxfName);
     const Form& form = FormOf(object);
     if (form.layout == nullptr)
         return false;

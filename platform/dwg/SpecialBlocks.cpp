@@ -3,12 +3,13 @@
 #include "../db/AcDbLayout.h"
 #include "../db/AcDbViewport.h"
 #include "SpecialPairs.h"
+#include <cwchar>
 
 namespace KxPlat {
 
 namespace {
 
-enum BlockFlag { kAnonymous = 1, kHasDefinitions = 2, kIsXref = 4, kIsOverlay = 8, kIsLoaded = 32 };
+enum BlockFlag { kAnonymous = 1, kHasDefinitions = 2, kIsXref = 4, kIsOverlay = 8, kDependent = 16, kIsLoaded = 32 };
 
 bool IsXref(int flags)
 {
@@ -22,10 +23,8 @@ const AcDbBlockTableRecord& BlockOf(const ObjectEncoder& out)
 
 int FlagsOf(const AcDbBlockTableRecord& block)
 {
-    int flags = block.blockFlags();
-    if (block.isAnonymous())
-        flags |= kAnonymous;
-    return flags;
+    const bool isSpace = block.isModelSpace() || block.isPaperSpace();
+    return block.blockFlags() | (block.isAnonymous() && !isSpace ? kAnonymous : 0);
 }
 
 std::vector<const AcDbStub*> Written(const ObjectEncoder& out, const std::vector<AcDbStub*>& stubs)
@@ -53,11 +52,71 @@ void SkipHandles(ObjectDecoder& in, int64_t count)
 
 }   // namespace
 
-void ReadBlockFlags(ObjectDecoder& in, const Step&)
+void NumberBlock(AcDbBlockTableRecord& block, size_t place, int& spaces)
+{
+    CString name = block.nameText();
+    const int length = name.GetLength();
+    if (length < 2 || name[0] != L'*' || block.isModelSpace() || (name[length - 1] >= L'0' && name[length - 1] <= L'9'))
+        return;
+    CString number;
+    number.Format(L"%d", block.isPaperSpace() ? spaces++ : int(place));
+    block.takeName(name + number);
+}
+
+void PlanBlocks(DwgOutput& output)
+{
+    constexpr size_t kWidestGap = 1000;
+    int spaces = 0;
+    for (const AcDbStub* stub : output.core.Table(TableKind::Block)->records()) {
+        const uint64_t handle = output.HandleOf(stub);
+        if (handle == 0 || handle == output.roots.modelSpace || handle == output.roots.paperSpace)
+            continue;
+        const AcDbBlockTableRecord& block = *static_cast<const AcDbBlockTableRecord*>(stub->object);
+        const CString& name = block.nameText();
+        int letters = name.GetLength();
+        while (letters > 0 && name[letters - 1] >= L'0' && name[letters - 1] <= L'9')
+            --letters;
+        const unsigned long number = std::wcstoul(name.GetString() + letters, nullptr, 10);
+        if (block.isPaperSpace()) {
+            if (letters < name.GetLength() && number == unsigned(spaces))
+                output.blockNames[stub] = name.Left(letters), ++spaces;
+        } else if (block.isAnonymous() && letters > 1 && number >= output.blocks.size() &&
+                   number - output.blocks.size() < kWidestGap) {
+            output.blocks.resize(number);
+            output.blockNames[stub] = name.Left(letters);
+        }
+        output.blocks.push_back(stub);
+    }
+}
+
+void ReadBlockName(ObjectDecoder& in, const Step& step)
+{
+    in.PutText(step.place, in.Text());
+}
+
+void WriteBlockName(ObjectEncoder& out, const Step& step)
+{
+    const bool isRecord = out.object->isKindOf(AcDbBlockTableRecord::desc());
+    const AcDbStub* record = isRecord ? ObjectAccess::Stub(*out.object) : ObjectAccess::Owner(*out.object);
+    const auto place = out.output.blockNames.find(record);
+    if (place != out.output.blockNames.end())
+        return out.Text(place->second);
+    const AcDbBlockTableRecord* block =
+        record == nullptr || record->object == nullptr ? nullptr : AcDbBlockTableRecord::cast(record->object);
+    out.Text(block != nullptr ? block->nameText() : out.GetText(step.place));
+}
+
+int64_t IsDependent(ObjectEncoder& out)
+{
+    constexpr int kMark = 256;
+    return (BlockOf(out).blockFlags() & kDependent) != 0 ? kMark : 0;
+}
+
+void ReadBlockFlags(ObjectDecoder& in, const Step& step)
 {
     in.input.blocks.emplace_back();
     Pending(in).record = in.input.StubOf(in.handle);
-    int flags = static_cast<AcDbBlockTableRecord*>(in.object)->isDependent() ? 16 : 0;
+    int flags = in.variables[step.countBy] != 0 ? kDependent : 0;
     for (int bit : {kAnonymous, kHasDefinitions, kIsXref, kIsOverlay})
         flags |= in.data.B() ? bit : 0;
     // An overlay is a reference, too.
@@ -144,8 +203,11 @@ void ReadBlockOwned(ObjectDecoder& in, const Step& step)
     in.input.blocks[place].begin = in.Ref();
     if (!IsXref(in.input.blocks[place].flags)) {
         if (in.version <= kR2000) {
-            const uint64_t first = in.Handle();
-            in.input.chains.push_back({in.input.StubOf(in.handle), first, in.Handle(), 0});
+            PendingChain chain;
+            chain.owner = in.input.StubOf(in.handle);
+            chain.first = in.Handle();
+            chain.last = in.Handle();
+            in.input.chains.push_back(std::move(chain));
         } else {
             const int64_t count = in.variables[step.countBy];
             if (!in.IsCount(count))

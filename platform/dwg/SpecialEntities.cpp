@@ -1,7 +1,9 @@
 #include "../db/AcDbEntity.h"
 #include "../db/AcDbSequenceEnd.h"
+#include "../db/AcDbSpline.h"
 #include "../db/AcDbSymbolTable.h"
 #include "../db/AcDbTextStyleTableRecord.h"
+#include "../ge/AcGeNurbCurve3d.h"
 #include "SpecialPairs.h"
 #include <algorithm>
 #include <cmath>
@@ -164,18 +166,20 @@ int64_t PartCount(ObjectEncoder& out)
 
 void ReadParts(ObjectDecoder& in, const Step& step)
 {
-    AcDbEntity* whole = static_cast<AcDbEntity*>(in.object);
+    PendingChain chain;
+    chain.owner = in.input.StubOf(in.handle);
     if (in.version <= kR2000) {
-        const uint64_t first = in.Handle(), last = in.Handle();
-        in.input.chains.push_back({in.input.StubOf(in.handle), first, last, in.Handle()});
-        return;
+        chain.first = in.Handle();
+        chain.last = in.Handle();
+        chain.list.push_back(in.Ref());
+    } else {
+        const int64_t count = in.variables[step.countBy];
+        if (!in.IsCount(count))
+            return;
+        for (int64_t i = 0; i <= count && !in.handles.isBroken(); ++i)
+            chain.list.push_back(in.Ref());
     }
-    const int64_t count = in.variables[step.countBy];
-    if (!in.IsCount(count))
-        return;
-    for (int64_t i = 0; i <= count && !in.handles.isBroken(); ++i)
-        if (AcDbStub* part = in.Ref())
-            whole->attachPart(part);
+    in.input.chains.push_back(std::move(chain));
 }
 
 void WriteParts(ObjectEncoder& out, const Step&)
@@ -342,6 +346,11 @@ int64_t CurveKind(ObjectEncoder& out)
 
 namespace {
 
+// Bits of group 70: the fit points count, and their distances are the parameters.
+enum SplineBit { kIsPlanar = 8, kByChords = 32, kByFitPoints = 1024 };
+
+constexpr double kKnotTolerance = 1e-9, kPointTolerance = 1e-10;
+
 size_t CountIn(ObjectEncoder& out, int code)
 {
     PlaceWanted wanted;
@@ -355,7 +364,50 @@ size_t CountIn(ObjectEncoder& out, int code)
 // 1: by control points, 2: by fit points.
 int64_t SplineKind(ObjectEncoder& out)
 {
-    return CountIn(out, 10) == 0 && CountIn(out, 11) != 0 ? 2 : 1;
+    PlaceWanted flags;
+    flags.code = 70;
+    const bool isByFit = (out.GetInteger(FindPlace(&out.object->fields(), true, flags)) & kByFitPoints) != 0;
+    return CountIn(out, 11) != 0 && (isByFit || CountIn(out, 10) == 0) ? 2 : 1;
+}
+
+// Files give the points to pass through and no more; the curve is needed all the same.
+void ReadFitCurve(ObjectDecoder& in, const Step& step)
+{
+    const ClassSchema& schema = in.object->fields();
+    const auto place = [&schema](int code, bool isRepeated) {
+        PlaceWanted wanted;
+        wanted.code = code;
+        wanted.isRepeated = isRepeated;
+        return FindPlace(&schema, true, wanted);
+    };
+    in.At<int16_t>(step.place.offset) |= kByFitPoints | kByChords;
+    const AcDbSpline& spline = *static_cast<const AcDbSpline*>(in.object);
+    AcGePoint3dArray points;
+    for (int i = 0; i < spline.numFitPoints(); ++i) {
+        AcGePoint3d point;
+        spline.getFitPointAt(i, point);
+        points.append(point);
+    }
+    const AcGeVector3d& start = in.At<AcGeVector3d>(place(12, false).offset);
+    const AcGeVector3d& end = in.At<AcGeVector3d>(place(13, false).offset);
+    const AcGeNurbCurve3d curve(points, start, end, !start.isZeroLength(), !end.isZeroLength());
+    if (in.data.isBroken() || curve.degree() != in.At<int16_t>(place(71, false).offset))
+        return;
+    in.At<double>(place(42, false).offset) = kKnotTolerance;
+    in.At<double>(place(43, false).offset) = kPointTolerance;
+    bool isLevel = true;
+    for (const AcGePoint3d& point : curve.controlPoints())
+        isLevel = isLevel && point.z == curve.controlPoints()[0].z;
+    if (isLevel) {
+        in.At<int16_t>(step.place.offset) |= kIsPlanar;
+        in.At<AcGeVector3d>(place(210, false).offset) = AcGeVector3d(0, 0, 1);
+    }
+    const Place knots = place(40, true), controls = place(10, true);
+    for (double knot : curve.knots())
+        in.PutReal(knots, 40, knot);
+    for (const AcGePoint3d& point : curve.controlPoints())
+        for (int i = 0; i < 3; ++i)
+            in.PutReal(controls, 10 + 10 * i, point[unsigned(i)]);
 }
 
 int64_t HasWeights(ObjectEncoder& out)
@@ -375,6 +427,37 @@ void ReadMlineStyle(ObjectDecoder& in, const Step& step)
 void WriteMlineStyle(ObjectEncoder& out, const Step& step)
 {
     out.Ref(5, out.At<AcDbObjectId>(step.place.offset));
+}
+
+// Files leave out the last point of an outline where it is the first again.
+void ReadOutline(ObjectDecoder& in, const Step& step)
+{
+    const uint32_t count = in.data.BL();
+    if (!in.IsCount(count))
+        return;
+    std::vector<AcGePoint2d> points(count);
+    for (AcGePoint2d& point : points) {
+        point.x = in.data.RD();
+        point.y = in.data.RD();
+    }
+    if (!points.empty() && (points.front().x != points.back().x || points.front().y != points.back().y))
+        points.push_back(points.front());
+    for (const AcGePoint2d& point : points) {
+        in.PutReal(step.place, step.place.code, point.x);
+        in.PutReal(step.place, step.place.code + 10, point.y);
+    }
+}
+
+void WriteOutline(ObjectEncoder& out, const Step& step)
+{
+    const GroupList& groups = out.BucketOf(step.place).groups();
+    size_t count = groups.size() / 2;
+    if (count > 1 && groups[0].real() == groups[2 * count - 2].real() &&
+        groups[1].real() == groups[2 * count - 1].real())
+        --count;
+    out.data.BL(uint32_t(count));
+    for (size_t i = 0; i < 2 * count; ++i)
+        out.data.RD(groups[i].real());
 }
 
 void ReadRest(ObjectDecoder& in, const Step&)

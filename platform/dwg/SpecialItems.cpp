@@ -18,9 +18,12 @@ const SpecialItem kItems[] = {
     {"WIDTHS", ReadWidths, WriteWidths},
     {"CURVE3D", ReadCurve3d, WriteNothing},
     {"MLINESTYLE", ReadMlineStyle, WriteMlineStyle},
+    {"OUTLINE", ReadOutline, WriteOutline},
+    {"FITCURVE", ReadFitCurve, WriteNothing},
     {"REST", ReadRest, WriteNothing},
     {"TABLE", ReadTable, WriteTable},
     {"XREF", ReadXref, WriteXref},
+    {"BLOCKNAME", ReadBlockName, WriteBlockName},
     {"BLOCKFLAGS", ReadBlockFlags, WriteBlockFlags},
     {"OWNEDCOUNT", ReadOwnedCount, WriteOwnedCount},
     {"BLOCKORIGIN", ReadBlockOrigin, WriteBlockOrigin},
@@ -43,8 +46,8 @@ const SpecialItem kItems[] = {
 };
 
 const CalculatedItem kCalculated[] = {
-    {"HASPARTS", HasParts},   {"PARTCOUNT", PartCount},   {"SPLINEKIND", SplineKind},
-    {"WEIGHTED", HasWeights}, {"VERTEXBITS", VertexBits}, {"CURVEKIND", CurveKind},
+    {"HASPARTS", HasParts},     {"PARTCOUNT", PartCount}, {"SPLINEKIND", SplineKind}, {"WEIGHTED", HasWeights},
+    {"VERTEXBITS", VertexBits}, {"CURVEKIND", CurveKind}, {"DEPENDENT", IsDependent},
 };
 
 }   // namespace

@@ -3,6 +3,7 @@
 #include "../win/CharTables.h"
 #include "../win/CodePage.h"
 #include "DwgCodePages.h"
+#include "DwgTexts.h"
 #include "GroupCopy.h"
 #include "SpecialPairs.h"
 
@@ -36,6 +37,12 @@ struct StoredRow {
     int first, last;
     Stored as;
 };
+
+// Angles are degrees in memory here, too.
+constexpr bool IsAngle(int code)
+{
+    return code >= 50 && code <= 58;
+}
 
 constexpr StoredRow kStored[] = {
     {0, 9, Stored::Text},       {10, 17, Stored::Point},     {18, 59, Stored::Real},       {60, 79, Stored::Short},
@@ -76,13 +83,13 @@ CString RecordText(BitReader& items, const ObjectDecoder& in)
         if (units.size() < length)
             items.Break();
         const std::wstring wide = FromUtf16(units);
-        return CString(wide.c_str(), int(wide.size()));
+        return WithCarets(CString(wide.c_str(), int(wide.size())));
     }
     const int page = items.RC();
     std::string bytes;
     items.Bytes(length, bytes);
     const TextCodec own(page == 0 ? in.input.codec.codePage() : CodePageOfNumber(page).windows);
-    return (IsCodePage(own.codePage()) ? own : in.input.codec).Decode(bytes);
+    return WithCarets(own.Decode(bytes));
 }
 
 // False for a code that means nothing.
@@ -107,7 +114,7 @@ bool ReadGroup(ObjectDecoder& in, BitReader& items, const ListField& list)
         }
         return !items.isBroken();
     case Stored::Real:
-        group.value = items.RD();
+        group.value = IsAngle(code) ? DegreesOf(items.RD()) : items.RD();
         break;
     case Stored::Short:
         group.value = int64_t(int16_t(items.RS()));
@@ -161,18 +168,19 @@ namespace {
 void WriteRecordText(ObjectEncoder& out, BitWriter& items, const CString& text)
 {
     if (HasStringStream(out.version)) {
-        const std::u16string units = ToUtf16({text.GetString(), size_t(text.GetLength())});
+        const CString plain = WithoutCarets(text);
+        const std::u16string units = ToUtf16({plain.GetString(), size_t(plain.GetLength())});
         const size_t length = std::min<size_t>(units.size(), 0xFFFF);
         items.RS(int(length));
         for (size_t i = 0; i < length; ++i)
             items.RS(units[i]);
         return;
     }
-    const std::string_view bytes = out.output.codec.Encode(text);
+    const std::string bytes = BytesOf(text, out.output.codec);
     const size_t length = std::min<size_t>(bytes.size(), 0xFFFF);
     items.RS(int(length));
     items.RC(NumberOfCodePage(out.output.codec.codePage()));
-    items.Bytes(bytes.substr(0, length));
+    items.Bytes(std::string_view(bytes).substr(0, length));
 }
 
 // How many groups were taken.
@@ -198,7 +206,7 @@ size_t WriteGroup(ObjectEncoder& out, BitWriter& items, const GroupList& groups,
         return taken;
     }
     case Stored::Real:
-        items.RD(group.real());
+        items.RD(IsAngle(group.code) ? RadiansOf(group.real()) : group.real());
         break;
     case Stored::Short:
         items.RS(int(group.integer()));
@@ -268,6 +276,8 @@ void WriteRecordIds(ObjectEncoder& out, const Step&)
 namespace {
 
 constexpr int kByLayerIndex = 32767, kByBlockIndex = 32766;
+constexpr const wchar_t* kByLayerName = L"BYLAYER";
+constexpr const wchar_t* kByBlockName = L"BYBLOCK";
 
 template <class Visit>
 void ForEachLinetype(const DbCore& core, Visit&& visit)
@@ -287,7 +297,7 @@ void ForEachLinetype(const DbCore& core, Visit&& visit)
 void ReadLinetypeIndex(ObjectDecoder& in, const Step& step)
 {
     const int index = in.data.BS();
-    CString name = index == kByBlockIndex ? L"BYBLOCK" : L"BYLAYER";
+    CString name = index == kByBlockIndex ? kByBlockName : kByLayerName;
     ForEachLinetype(in.input.core, [&](int at, const CString& linetype) {
         if (at == index)
             name = linetype;
@@ -309,8 +319,13 @@ void WriteLinetypeIndex(ObjectEncoder& out, const Step& step)
 void ReadNamedBy(ObjectDecoder& in, const Step& step)
 {
     const uint64_t named = in.Handle();
-    if (named != 0 || step.place.keep != Keep::Member)
-        in.PutText(step.place, in.input.NameOf(named));
+    if (named == 0 && step.place.keep == Keep::Member)
+        return;
+    CString name = in.input.NameOf(named);
+    for (const wchar_t* standard : {kByLayerName, kByBlockName})
+        if (EqualNoCase(name.GetString(), standard))
+            name = standard;
+    in.PutText(step.place, name);
 }
 
 void WriteNamedBy(ObjectEncoder& out, const Step& step)

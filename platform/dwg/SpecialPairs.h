@@ -3,6 +3,8 @@
 #include "ObjectDecoder.h"
 #include "ObjectEncoder.h"
 
+class AcDbBlockTableRecord;
+
 namespace KxPlat {
 
 inline void WriteNothing(ObjectEncoder&, const Step&) {}
@@ -28,6 +30,9 @@ void WriteWidths(ObjectEncoder& out, const Step& step);
 void ReadCurve3d(ObjectDecoder& in, const Step& step);
 void ReadMlineStyle(ObjectDecoder& in, const Step& step);
 void WriteMlineStyle(ObjectEncoder& out, const Step& step);
+void ReadOutline(ObjectDecoder& in, const Step& step);
+void WriteOutline(ObjectEncoder& out, const Step& step);
+void ReadFitCurve(ObjectDecoder& in, const Step& step);
 void ReadRest(ObjectDecoder& in, const Step& step);
 int64_t HasParts(ObjectEncoder& out);
 int64_t PartCount(ObjectEncoder& out);
@@ -51,6 +56,12 @@ void ReadAspect(ObjectDecoder& in, const Step& step);
 void WriteAspect(ObjectEncoder& out, const Step& step);
 
 // SpecialBlocks.cpp
+// Anonymous blocks have no number in files but their place in the table; the spaces beside the current one likewise.
+void NumberBlock(AcDbBlockTableRecord& block, size_t place, int& spaces);
+void PlanBlocks(DwgOutput& output);
+void ReadBlockName(ObjectDecoder& in, const Step& step);
+void WriteBlockName(ObjectEncoder& out, const Step& step);
+int64_t IsDependent(ObjectEncoder& out);
 void ReadBlockFlags(ObjectDecoder& in, const Step& step);
 void WriteBlockFlags(ObjectEncoder& out, const Step& step);
 void ReadOwnedCount(ObjectDecoder& in, const Step& step);

@@ -22,15 +22,6 @@ TableKind KindOf(const DbCore& core, const AcDbObject& table)
     return TableKind::Count;
 }
 
-// Records that do not count among the others of their table.
-bool IsCounted(const AcDbSymbolTableRecord& record)
-{
-    if (const AcDbBlockTableRecord* block = AcDbBlockTableRecord::cast(&record))
-        return !EqualNoCase(block->nameText().GetString(), ACDB_MODEL_SPACE) &&
-               !EqualNoCase(block->nameText().GetString(), ACDB_PAPER_SPACE);
-    return true;
-}
-
 bool IsStandardLinetype(const CString& name)
 {
     return EqualNoCase(name.GetString(), L"ByLayer") || EqualNoCase(name.GetString(), L"ByBlock");
@@ -57,28 +48,38 @@ void ReadTable(ObjectDecoder& in, const Step&)
     if (in.handles.isBroken())
         return;
     std::unordered_set<uint64_t> met;
-    for (uint64_t handle : records) {
+    int spaces = 0;
+    for (size_t place = 0; place < records.size(); ++place) {
+        const uint64_t handle = records[place];
         AcDbSymbolTableRecord* record =
             handle == 0 || !met.insert(handle).second ? nullptr : AcDbSymbolTableRecord::cast(in.input.Need(handle));
         if (record != nullptr && record->isKindOf(table->recordClass())) {
+            if (kind == TableKind::Block && place + 2 < records.size())
+                NumberBlock(*static_cast<AcDbBlockTableRecord*>(record), place, spaces);
             table->attach(record->objectId());
             ObjectAccess::Owner(*record) = in.input.StubOf(in.handle);
         }
     }
+    PlaceWanted written;
+    written.code = 70;
+    in.PutInteger(FindPlace(&table->fields(), false, written), int64_t(table->records().size()));
 }
 
 void WriteTable(ObjectEncoder& out, const Step&)
 {
     const AcDbSymbolTable* table = static_cast<const AcDbSymbolTable*>(out.object);
     const TableKind kind = KindOf(out.output.core, *out.object);
+    // The two standard line types, and the spaces, do not count among the others.
     std::vector<const AcDbStub*> counted;
     for (const AcDbStub* stub : table->records()) {
-        if (out.output.HandleOf(stub) == 0)
+        if (out.output.HandleOf(stub) == 0 || kind == TableKind::Block)
             continue;
-        const AcDbSymbolTableRecord& record = *static_cast<const AcDbSymbolTableRecord*>(stub->object);
-        if (IsCounted(record) && (kind != TableKind::Linetype || !IsStandardLinetype(record.nameText())))
+        const CString& name = static_cast<const AcDbSymbolTableRecord*>(stub->object)->nameText();
+        if (kind != TableKind::Linetype || !IsStandardLinetype(name))
             counted.push_back(stub);
     }
+    if (kind == TableKind::Block)
+        counted = out.output.blocks;
     out.data.BL(uint32_t(counted.size()));
     if (kind == TableKind::DimStyle)
         out.data.RC(0);
