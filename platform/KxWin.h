@@ -22,6 +22,7 @@
 #include "mfc/CStringArray.h"
 #include "mfc/CWnd.h"
 #include "win/CrtFiles.h"
+#include "win/CrtMultibyte.h"
 #include "win/CrtPaths.h"
 #include "win/CrtText.h"
 #include "win/Environment.h"

@@ -7,9 +7,14 @@
 
 #include <direct.h>
 #include <io.h>
+#include <mbctype.h>
 #include <mbstring.h>
 #include <psapi.h>
 #include <winver.h>
+
+// Names that the standard library uses, too.
+#undef _M1
+#undef _M2
 
 #include <cstddef>
 #include <cstdint>
