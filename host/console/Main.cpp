@@ -118,6 +118,8 @@ bool Program::ReadSteps(std::wstring& text)
             script.assign(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
         else
             script = ReadWholeFile(HostPath(FromUtf8(step.text)), error);
+        if (error == 0 && step.text != "-")
+            Session::Current()->TrustFolderOf(FromUtf8(step.text));
         if (error != 0) {
             Complain(step.text, SystemErrorText(error));
             return false;
@@ -193,6 +195,7 @@ int Program::RunSteps(Session& session)
     std::wstring typed;
     if (!ReadSteps(typed) || !OpenDrawingFile() || !LoadModules())
         return kUnreadable;
+    session.StartPrograms();
     int status = kDone;
     if (!m_options.steps.empty() && !session.Run(typed))
         status = kCommandFailed;

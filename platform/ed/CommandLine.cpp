@@ -111,6 +111,11 @@ bool CommandLine::HasQueue() const
 
 bool CommandLine::RunText(const InputPiece& piece)
 {
+    struct Sent {
+        explicit Sent(bool is) : before(std::exchange(TheEditor()->runsSentText, is)) {}
+        ~Sent() { TheEditor()->runsSentText = before; }
+        bool before;
+    } const sent(piece.isSent || (piece.isLiteral && TheEditor()->runsSentText));
     const std::wstring& text = piece.text;
     if (text.empty()) {
         const std::wstring last = m_session.state().lastCommand;

@@ -12,6 +12,7 @@ bool TextSource::Next(const InputRequest& request, TextRule rule, InputPiece& pi
     if (!m_pieces.Next(request.kind, rule, piece))
         return false;
     piece.isScripted = m_kind == Kind::Script;
+    piece.isSent = m_kind == Kind::Sent;
     return true;
 }
 

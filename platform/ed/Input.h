@@ -25,6 +25,7 @@ struct InputPiece {
         objects;               // AcDbStub pointers that a pointing host picked; Value with restype RTPICKS and no name
     bool isLiteral = false;    // handed over by a program: no LISP form, no "!", no transparent command
     bool isScripted = false;   // from a script: a bad answer is the session's failure
+    bool isSent = false;       // by a module, to the command line
     bool isTyped = false;      // by the user, now
     bool isPause = false;      // of a program that wants the user to answer
 

@@ -1,10 +1,13 @@
 #include "Session.h"
 #include "../rx/AcRxDictionary.h"
 #include "../win/CharTables.h"
+#include "../win/Files.h"
 #include "acedads.h"
 #include "commands/HostCommands.h"
 #include "CommandTable.h"
 #include "Modules.h"
+#include "StartupFile.h"
+#include "SupportFiles.h"
 #include <algorithm>
 
 namespace KxPlat {
@@ -38,7 +41,13 @@ Session::Session(const SessionOptions& options) : m_options(options), m_line(*th
     Register<AcRxObject>(ACRX_COMMAND_STACK, NewCommandStack());
     Register<AcRxObject>(ACRX_DYNAMIC_LINKER, NewDynamicLinker());
     AddHostCommands(*acedRegCmds);
-    SetDocumentListener({[](AcApDocument& document) { SendToModules(AcRx::kLoadDwgMsg, &document); },
+    if (const std::wstring level = Setting(L"SECURELOAD"); level == L"0" || level == L"2")
+        m_state.secureLoad = level[0] - L'0';
+    SetDocumentListener({[this](AcApDocument& document) {
+                             SendToModules(AcRx::kLoadDwgMsg, &document);
+                             if (m_startsPrograms)
+                                 LoadStartupFiles(document);
+                         },
                          [](AcApDocument& document) { SendToModules(AcRx::kUnloadDwgMsg, &document); }});
 }
 
@@ -54,6 +63,20 @@ Session::~Session()
     Unregister(ACRX_COMMAND_STACK);
     acdbSetHostApplicationServices(nullptr);
     g_current = nullptr;
+}
+
+void Session::StartPrograms()
+{
+    const std::vector<AcApDocument*> documents = OpenDocuments();
+    for (AcApDocument* document : documents)
+        LoadStartupFiles(*document);
+    m_startsPrograms = true;
+}
+
+void Session::TrustFolderOf(const std::wstring& path)
+{
+    const std::wstring full = FullDrivePath(path);
+    m_state.trustedFolders += full.substr(0, full.find_last_of(L'\\')) + L";";
 }
 
 Session* Session::Current()

@@ -33,6 +33,11 @@ public:
     ProgramCommands& programs() { return m_programs; }
     const SessionOptions& options() const { return m_options; }
 
+    // Loads what each document starts with, and from then on does so for new ones.
+    void StartPrograms();
+    // Programs in this file's folder may be loaded: the user has named it himself.
+    void TrustFolderOf(const std::wstring& path);
+
     // Text as if typed, to its end, and what it queues. False when a command or form in it failed. A command that asks
     // for more goes on with what lies below: the keyboard.
     bool Run(std::wstring_view text);
@@ -57,6 +62,7 @@ private:
     ProgramCommands m_programs;
     bool m_hasFailed = false;
     bool m_isQuitting = false;
+    bool m_startsPrograms = false;
 };
 
 // What the command line needs of LISP. The evaluator enters itself here.

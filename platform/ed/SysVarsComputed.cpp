@@ -235,6 +235,30 @@ bool SetWeight(AcApDocument& document, const VarValue& value)
     return true;
 }
 
+bool GetSecureLoad(AcApDocument&, VarValue& value)
+{
+    value = VarOf(TheEditor() != nullptr ? TheEditor()->secureLoad : 1);
+    return true;
+}
+
+bool SetSecureLoad(AcApDocument&, const VarValue& value)
+{
+    if (TheEditor() != nullptr)
+        TheEditor()->secureLoad = value.integer;
+    return SetSetting(L"SECURELOAD", std::to_wstring(value.integer));
+}
+
+bool GetTrustedPaths(AcApDocument&, VarValue& value)
+{
+    value = VarOf(Setting(L"TRUSTEDPATHS"));
+    return true;
+}
+
+bool SetTrustedPaths(AcApDocument&, const VarValue& value)
+{
+    return SetSetting(L"TRUSTEDPATHS", value.text);
+}
+
 const VarRow kRows[] = {
     {L"ACADPREFIX", Text, Computed, L"", 0, 0, true, 0, GetSupportPath},
     {L"ACADVER", Text, Computed, L"", 0, 0, true, 0, GetRelease},
@@ -257,6 +281,8 @@ const VarRow kRows[] = {
     {L"DWGTITLED", Short, Computed, L"0", 0, 0, true, 0, GetDrawingTitled},
     {L"ERRNO", Short, Computed, L"0", 0, 0, false, 0, GetErrorNumber, SetErrorNumber},
     {L"MILLISECS", Long, Computed, L"0", 0, 0, true, 0, GetMilliseconds},
+    {L"SECURELOAD", Short, Computed, L"1", 0, 2, false, 0, GetSecureLoad, SetSecureLoad},
+    {L"TRUSTEDPATHS", Text, Computed, L"", 0, 0, false, 0, GetTrustedPaths, SetTrustedPaths},
     {L"TEMPPREFIX", Text, Computed, L"", 0, 0, true, 0, GetTempFolder},
     {L"TEXTSTYLE", Text, Computed, L"", 0, 0, false, 0, GetRecord<&AcDbDatabase::textstyle>,
      SetRecord<TableKind::TextStyle, &AcDbDatabase::setTextstyle>},

@@ -3,6 +3,8 @@
 #include "../Modules.h"
 #include "../Prompt.h"
 #include "../Session.h"
+#include "../SupportFiles.h"
+#include "../TrustedFiles.h"
 #include "HostCommands.h"
 #include "Questions.h"
 
@@ -23,6 +25,10 @@ void Load()
 {
     const std::optional<std::wstring> file =
         AskFile(L"\nEnter ARX file to load", L"Select ARX File", L"", L"arx", false);
+    std::wstring why;
+    const std::wstring path = file ? FindModuleFile(*file) : L"";
+    if (!path.empty() && !MayLoad(path, why))
+        return FailCommand(*file + L" cannot be loaded: " + (why.empty() ? L"the user refused it" : why) + L".");
     if (file && !acrxDynamicLinker->loadModule(file->c_str(), true, true))
         FailCommand(*file + L" cannot be loaded: " + LastModuleFault() + L".");
 }
@@ -39,6 +45,14 @@ void Unload()
 }
 
 }   // namespace
+
+void NetloadCommand()
+{
+    const std::optional<std::wstring> file =
+        AskFile(L"\nEnter assembly file name", L"Choose .NET Assembly", L"", L"dll", false);
+    if (file)
+        FailCommand(*file + L" cannot be loaded: this host runs no .NET assemblies.");
+}
 
 void ArxCommand()
 {

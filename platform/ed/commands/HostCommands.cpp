@@ -47,6 +47,7 @@ const CommandRow g_rows[] = {
     {L"MIRROR", ACRX_CMD_USEPICKSET, MirrorCommand},
     {L"MOVE", ACRX_CMD_USEPICKSET, MoveCommand},
     {L"MULTIPLE", ACRX_CMD_NO_UNDO_MARKER, MultipleCommand},
+    {L"NETLOAD", kSession, NetloadCommand},
     {L"NEW", kSession, NewCommand},
     {L"OOPS", ACRX_CMD_MODAL, OopsCommand},
     {L"OPEN", kSession, OpenCommand},

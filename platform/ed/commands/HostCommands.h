@@ -32,6 +32,7 @@ void ListCommand();
 void MirrorCommand();
 void MoveCommand();
 void MultipleCommand();
+void NetloadCommand();
 void NewCommand();
 void OopsCommand();
 void OpenCommand();

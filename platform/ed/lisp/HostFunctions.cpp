@@ -4,8 +4,11 @@
 #include "../../win/Files.h"
 #include "../acedads.h"
 #include "../Session.h"
+#include "../SupportFiles.h"
 #include "../SysVars.h"
+#include "../TrustedFiles.h"
 #include "Chain.h"
+#include "DocumentLisp.h"
 #include "HostValues.h"
 #include "Interpreter.h"
 #include "Printer.h"
@@ -155,18 +158,33 @@ bool FindProgram(const std::wstring& name, std::wstring& path)
     return false;
 }
 
+// What keeps the file from being loaded; empty when its bytes are there, or no file is.
+std::wstring ReadProgram(const std::wstring& name, std::wstring& path, std::string& bytes)
+{
+    std::wstring why;
+    int error = 0;
+    if (!FindProgram(name, path))
+        return {};
+    if (!MayLoad(path, why))
+        return why.empty() ? L"the user refused it" : why;
+    bytes = ReadWholeFile(HostPath(path), error);
+    if (error != 0)
+        return SystemErrorText(error);
+    const bool isCompiled =
+        bytes.substr(0, 64).find("FAS4-FILE") != std::string::npos || bytes.substr(0, 64).find("VRTLIB") == 0;
+    return isCompiled ? L"it is compiled LISP, which this host does not run" : L"";
+}
+
 // (load file [onfailure]); the value of the file's last form.
 Value Load(Interpreter& lisp, const Arguments& arguments)
 {
     const std::wstring& name = TextOf(arguments[0]);
     std::wstring path;
-    int error = 0;
     std::string bytes;
-    if (FindProgram(name, path))
-        bytes = ReadWholeFile(HostPath(path), error);
-    if (path.empty() || error != 0) {
+    const std::wstring fault = ReadProgram(name, path, bytes);
+    if (path.empty() || !fault.empty()) {
         if (arguments.count == 1)
-            throw Failure(L"LOAD failed: " + Printed(arguments[0]));
+            throw Failure(L"LOAD failed: " + Printed(arguments[0]) + (fault.empty() ? L"" : L": " + fault));
         const Value& otherwise = arguments[1];
         return otherwise.kind() == Kind::Function || otherwise.kind() == Kind::Builtin
                    ? lisp.Apply(otherwise, std::initializer_list<Value>{})
@@ -198,6 +216,13 @@ Value ModuleFunction(const Arguments& arguments, const wchar_t* failure)
 
 Value ArxLoad(Interpreter&, const Arguments& arguments)
 {
+    const std::wstring path = FindModuleFile(TextOf(arguments[0]));
+    std::wstring why;
+    if (!path.empty() && !MayLoad(path, why)) {
+        if (arguments.count == 1)
+            throw Failure(L"ARXLOAD failed: " + why);
+        return arguments[1];
+    }
     return ModuleFunction<acedArxLoad>(arguments, L"ARXLOAD failed");
 }
 
@@ -236,6 +261,34 @@ Value Redraw(Interpreter&, const Arguments&)
     return Value();
 }
 
+// Of every document; the files are LISP sources here, since compiled ones are refused.
+Value LoadAll(Interpreter& lisp, const Arguments& arguments)
+{
+    AcApDocument* current = acDocManager->curDocument();
+    for (AcApDocument* document : std::vector<AcApDocument*>(OpenDocuments())) {
+        if (document != current)
+            InterpreterOf(*document).Protected([&] { Load(InterpreterOf(*document), arguments); });
+    }
+    Load(lisp, arguments);
+    return Value();
+}
+
+Value VbaLoad(Interpreter&, const Arguments& arguments)
+{
+    throw Failure(L"VL-VBALOAD failed: " + Printed(arguments[0]) + L": this host runs no VBA projects");
+}
+
+// (autoload file (names)): each name loads the file when it is first called, and then runs what the file defines.
+Value AutoLoad(Interpreter& lisp, const Arguments& arguments)
+{
+    for (const Value& name : Members(ListIn(arguments[1]))) {
+        Symbol* command = lisp.Intern(L"C:" + TextOf(name));
+        const Value load = ListOf(lisp.Intern(L"LOAD"), arguments[0]);
+        command->value = lisp.MakeFunction(command, ListOf(Value(), load, ListOf(command)));
+    }
+    return Value();
+}
+
 Value Nothing(Interpreter&, const Arguments&)
 {
     return Value();
@@ -248,11 +301,12 @@ Value Version(Interpreter&, const Arguments&)
 
 const Builtin kRows[] = {
     {L"GETVAR", GetVariable, 1, 1}, {L"SETVAR", SetVariable, 2, 2},    {L"COMMAND", Command},
-    {L"COMMAND-S", WholeCommand},        {L"VL-CMDF", CommandWithAnswer},   {L"FINDFILE", FindFile, 1, 1},
+    {L"COMMAND-S", WholeCommand},   {L"VL-CMDF", CommandWithAnswer},   {L"FINDFILE", FindFile, 1, 1},
     {L"LOAD", Load, 1, 2},          {L"ARXLOAD", ArxLoad, 1, 2},       {L"ARXUNLOAD", ArxUnload, 1, 2},
     {L"ARX", ArxLoaded, 0, 0},      {L"GETENV", GetEnvironment, 1, 1}, {L"SETENV", SetEnvironment, 2, 2},
     {L"REDRAW", Redraw, 0, 2},      {L"TEXTSCR", Nothing, 0, 0},       {L"GRAPHSCR", Nothing, 0, 0},
-    {L"TEXTPAGE", Nothing, 0, 0},   {L"VER", Version, 0, 0},
+    {L"TEXTPAGE", Nothing, 0, 0},   {L"VER", Version, 0, 0},           {L"VL-LOAD-ALL", LoadAll, 1, 1},
+    {L"VL-VBALOAD", VbaLoad, 1, 1}, {L"AUTOLOAD", AutoLoad, 2, 2},
 };
 
 }   // namespace

@@ -18,6 +18,7 @@ struct LispSession {
         std::wstring why;
         KxPlat::NewDrawing(L"", document, why);
         ui.printed.clear();
+        session.state().secureLoad = 0;
     }
     KxPlat::Lisp::Interpreter& interpreter() { return KxPlat::Lisp::InterpreterOf(*document); }
     // The printed value of the last form, or the first line of the complaint.
