@@ -1,5 +1,6 @@
-// Entities whose inside is not looked into: solids, regions and bodies of the modeller, meshes, lights, multi-leaders
-// and tables. Their common properties can be changed; the groups of their own sections are kept as they are.
+// Entities whose inside is hardly looked into: solids, regions and bodies of the modeller, meshes, lights, multi-leaders
+// and tables. Their common properties can be changed; the groups of their own sections are kept as they are, save that
+// meshes, lights and multi-leaders can be moved.
 #pragma once
 #include "AcDbBlockReference.h"
 #include "core/GroupValue.h"
@@ -35,6 +36,8 @@ public:
 class AcDbSubDMesh : public AcDbEntity {
 public:
     ACDB_DECLARE_MEMBERS(AcDbSubDMesh);
+    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
 
 private:
     KxPlat::GroupList m_groups;
@@ -43,6 +46,8 @@ private:
 class AcDbLight : public AcDbEntity {
 public:
     ACDB_DECLARE_MEMBERS(AcDbLight);
+    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
 
 private:
     KxPlat::GroupList m_groups;
@@ -51,6 +56,8 @@ private:
 class AcDbMLeader : public AcDbEntity {
 public:
     ACDB_DECLARE_MEMBERS(AcDbMLeader);
+    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
 
 private:
     KxPlat::GroupList m_groups;
