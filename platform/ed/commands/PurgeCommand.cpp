@@ -77,8 +77,10 @@ class Purge {
 public:
     explicit Purge(AcDbDatabase& database) : m_database(database), m_core(CoreOf(database)) {}
 
-    // RTNORM, or the answer that ended the command.
-    int Run(const PurgeKind& kind, const wchar_t* pattern, bool verifies);
+    // RTNORM, or the answer that ended the command. An `isAgain` says nothing where there is nothing to delete.
+    int Run(const PurgeKind& kind, const wchar_t* pattern, bool verifies, bool isAgain);
+    // All kinds in turn, until none sets another one's things free: a dimension style its arrow blocks.
+    void RunAll(const wchar_t* pattern, bool verifies);
 
 private:
     std::vector<Named> Candidates(const PurgeKind& kind) const;
@@ -88,6 +90,7 @@ private:
 
     AcDbDatabase& m_database;
     DbCore& m_core;
+    int m_deleted = 0;
     std::unordered_set<AcDbObjectId> m_kept;   // the user said no, or they cannot be erased
 };
 
@@ -158,7 +161,7 @@ bool Purge::Delete(const PurgeKind& kind, const Named& one)
     return status == Acad::eOk;
 }
 
-int Purge::Run(const PurgeKind& kind, const wchar_t* pattern, bool verifies)
+int Purge::Run(const PurgeKind& kind, const wchar_t* pattern, bool verifies, bool isAgain)
 {
     int deleted = 0;
     bool isGrowing = true, isAny = false;
@@ -186,9 +189,22 @@ int Purge::Run(const PurgeKind& kind, const wchar_t* pattern, bool verifies)
     }
     if (deleted > 0)
         acutPrintf(L"\n%d %s deleted.", deleted, deleted == 1 ? kind.singular : kind.plural);
-    else if (!isAny)
+    else if (!isAny && !isAgain)
         acutPrintf(L"\nNo unreferenced %s found.", kind.plural);
+    m_deleted += deleted;
     return RTNORM;
+}
+
+void Purge::RunAll(const wchar_t* pattern, bool verifies)
+{
+    bool isAgain = false;
+    do {
+        m_deleted = 0;
+        for (const PurgeKind& kind : kKinds)
+            if (Run(kind, pattern, verifies, isAgain) != RTNORM)
+                return;
+        isAgain = true;
+    } while (m_deleted > 0);
 }
 
 const PurgeKind* KindOfKeyword(const wchar_t* keyword)
@@ -225,8 +241,10 @@ void KxPlat::PurgeCommand()
         return;
     const bool verifies = verified == RTNONE || verify[0] == L'Y';
 
+    const wchar_t* names = pattern[0] == 0 ? L"*" : pattern;
     Purge purge(*database);
-    for (const PurgeKind& kind : kKinds)
-        if ((isAll || &kind == only) && purge.Run(kind, pattern[0] == 0 ? L"*" : pattern, verifies) != RTNORM)
-            return;
+    if (isAll)
+        purge.RunAll(names, verifies);
+    else if (only != nullptr)
+        purge.Run(*only, names, verifies, false);
 }
