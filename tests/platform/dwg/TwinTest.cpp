@@ -86,9 +86,9 @@ protected:
         CompleteDrawing(CoreOf(m_dwg));
         CompleteDrawing(CoreOf(m_dxf));
     }
-    static std::multiset<std::string> Names(AcDbDatabase& database, TableKind kind)
+    static std::set<std::string> Names(AcDbDatabase& database, TableKind kind)
     {
-        std::multiset<std::string> names;
+        std::set<std::string> names;
         for (const AcDbStub* stub : CoreOf(database).Table(kind)->records()) {
             const std::string name = WithoutNumber(GroupTextSink::Utf8(RecordNameOf(*stub->object)));
             // Old versions have their hatches in such blocks, made anew with each saving.
