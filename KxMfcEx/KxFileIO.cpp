@@ -60,15 +60,20 @@ CString CKxFileIO::ReadString(char separator)
 {
     if (!Reads())
         return CString();
-    char bytes[kFieldBytes + 1] = {};
-    for (int count = 0; count < kFieldBytes && !std::feof(m_file); ++count) {
+    char bytes[kFieldBytes + 1];
+    int count = 0;
+    for (bool isAtEnd = std::feof(m_file) != 0; count < kFieldBytes && !isAtEnd; ++count) {
         // A field that runs to the end of the file gets one byte more, 0xFF: the mark of the end, cut to a byte.
-        const char byte = static_cast<char>(std::fgetc(m_file));
+        const int read = std::fgetc(m_file);
+        const char byte = static_cast<char>(read);
         if (IsSeparator(byte, separator))
             break;
         bytes[count] = byte;
+        isAtEnd = read == EOF && std::feof(m_file);
     }
-    wchar_t wide[kFieldBytes + 1] = {};
+    bytes[count] = 0;
+    wchar_t wide[kFieldBytes + 1];
+    wide[0] = 0;
     MultiByteToWideChar(CP_THREAD_ACP, 0, bytes, -1, wide, kFieldBytes + 1);
     CString text(wide);
     if (separator == '\n')
@@ -78,11 +83,17 @@ CString CKxFileIO::ReadString(char separator)
 
 void CKxFileIO::Write(const CString& text)
 {
+    char room[kFieldBytes];
+    const int size = WideCharToMultiByte(CP_ACP, 0, text, -1, room, kFieldBytes, nullptr, nullptr);
+    if (size > 0) {
+        std::fwrite(room, 1, size_t(size) - 1, m_file);
+        return;
+    }
     char* bytes = nullptr;
-    const int size = Str_WideCharToMultiByte(text, bytes);
+    const int longSize = Str_WideCharToMultiByte(text, bytes);
     const std::unique_ptr<char[]> owner(bytes);
-    if (size > 1)
-        std::fwrite(bytes, 1, size_t(size) - 1, m_file);
+    if (longSize > 1)
+        std::fwrite(bytes, 1, size_t(longSize) - 1, m_file);
 }
 
 void CKxFileIO::StreamIO(int& value, wchar_t separator)

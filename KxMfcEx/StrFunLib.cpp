@@ -1,5 +1,6 @@
 #include "StrFunLib.h"
 #include "Processes.h"
+#include <string_view>
 
 namespace {
 
@@ -96,21 +97,22 @@ CStrFunLib::~CStrFunLib() = default;
 
 int CStrFunLib::CompareNoCaseWithFormat(const wchar_t* pattern, const wchar_t* text)
 {
-    CStringArray pieces;
-    if (StringToStringArray(pattern, L"*", pieces) == 1)
+    if (std::wcschr(TextOf(pattern), L'*') == nullptr)
         return _wcsicmp(TextOf(pattern), TextOf(text)) == 0 ? 1 : 0;
-    const CString lower = Lowered(text);
-    const wchar_t* rest = lower;
-    for (INT_PTR i = 0; i < pieces.GetSize(); ++i) {
-        const CString piece = Lowered(pieces[i]);
-        if (piece.IsEmpty())
-            continue;
-        const wchar_t* found = std::wcsstr(rest, piece);
-        if (found == nullptr)
+    const CString pieces = Lowered(pattern), lower = Lowered(text);
+    std::wstring_view rest = lower.GetString();
+    for (const wchar_t* start = pieces;;) {
+        const wchar_t* end = std::wcschr(start, L'*');
+        const std::wstring_view piece =
+            end != nullptr ? std::wstring_view(start, size_t(end - start)) : std::wstring_view(start);
+        const size_t found = rest.find(piece);
+        if (found == std::wstring_view::npos)
             return 0;
-        rest = found + piece.GetLength();
+        rest.remove_prefix(found + piece.size());
+        if (end == nullptr)
+            return 1;
+        start = end + 1;
     }
-    return 1;
 }
 
 int CStrFunLib::AssertString(const wchar_t* text, const wchar_t* form)

@@ -20,7 +20,7 @@ void ForEachField(const wchar_t* text, wchar_t separator, const Use& use)
 
 void CStrFunLib::SplitString(const wchar_t* text, CStringArray& out, wchar_t separator, int keepEmpty)
 {
-    out.RemoveAll();
+    out.SetSize(0);   // keeps its room for the next text
     if (text == nullptr)
         return;
     ForEachField(text, separator, [&](const CString& field) {

@@ -3,10 +3,13 @@
 #include "KxMfcEx/KxTrace.h"
 #include "KxMfcEx/StrFunLib.h"
 #include "win/Files.h"
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <filesystem>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -72,51 +75,76 @@ void BareRead(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * kFields * 2);
 }
 
-const wchar_t kText[] = L"A-WALL,建筑-墙,S-COLS,0,轴线";
+// A million short texts such as lists of layers hold.
+const std::vector<std::wstring>& Texts()
+{
+    static const std::vector<std::wstring> texts = [] {
+        static const wchar_t* const kParts[] = {L"A-WALL", L"建筑-墙", L"S-COLS", L"0", L"轴线", L"dim"};
+        std::vector<std::wstring> made;
+        for (unsigned i = 0; i < 1000000; ++i)
+            made.push_back(std::wstring(kParts[i % 6]) + L"," + kParts[i / 6 % 6] + L"," + kParts[i / 36 % 6]);
+        return made;
+    }();
+    return texts;
+}
+
+template <class Work>
+void OverTexts(benchmark::State& state, Work work)
+{
+    const std::vector<std::wstring>& texts = Texts();
+    for (auto _ : state)
+        for (const std::wstring& text : texts)
+            benchmark::DoNotOptimize(work(text));
+    state.SetItemsProcessed(state.iterations() * int64_t(texts.size()));
+}
 
 void Split(benchmark::State& state)
 {
     CStringArray out;
-    for (auto _ : state) {
-        CStrFunLib::SplitString(kText, out, L',', 1);
-        benchmark::DoNotOptimize(out.GetSize());
-    }
-    state.SetItemsProcessed(state.iterations());
+    OverTexts(state, [&out](const std::wstring& text) {
+        CStrFunLib::SplitString(text.c_str(), out, L',', 1);
+        return out.GetSize();
+    });
 }
 
 void BareSplit(benchmark::State& state)
 {
     std::vector<std::wstring> out;
-    for (auto _ : state) {
+    OverTexts(state, [&out](const std::wstring& text) {
         out.clear();
-        for (std::wstring_view rest = kText;;) {
+        for (std::wstring_view rest = text;;) {
             const size_t end = rest.find(L',');
             out.emplace_back(rest.substr(0, end));
             if (end == std::wstring_view::npos)
-                break;
+                return out.size();
             rest.remove_prefix(end + 1);
         }
-        benchmark::DoNotOptimize(out.size());
-    }
-    state.SetItemsProcessed(state.iterations());
+    });
 }
 
 void Match(benchmark::State& state)
 {
-    for (auto _ : state)
-        benchmark::DoNotOptimize(CStrFunLib::CompareNoCaseWithFormat(L"*墙*cols", kText));
-    state.SetItemsProcessed(state.iterations());
+    OverTexts(state,
+              [](const std::wstring& text) { return CStrFunLib::CompareNoCaseWithFormat(L"*墙*cols", text.c_str()); });
 }
 
+wchar_t BareUpper(wchar_t letter)
+{
+    return letter >= L'a' && letter <= L'z' ? wchar_t(letter - 32) : letter;
+}
+
+// One part of a pattern after the other, each where it fits first.
 void BareMatch(benchmark::State& state)
 {
-    for (auto _ : state) {
-        const std::wstring_view text = kText;
-        const size_t wall = text.find(L"墙");
-        benchmark::DoNotOptimize(wall != std::wstring_view::npos &&
-                                 text.find(L"COLS", wall) != std::wstring_view::npos);
-    }
-    state.SetItemsProcessed(state.iterations());
+    const auto find = [](std::wstring_view text, std::wstring_view part) {
+        return size_t(std::search(text.begin(), text.end(), part.begin(), part.end(),
+                                  [](wchar_t a, wchar_t b) { return BareUpper(a) == BareUpper(b); }) -
+                      text.begin());
+    };
+    OverTexts(state, [&find](const std::wstring& text) {
+        const size_t wall = find(text, L"墙");
+        return wall < text.size() && find(std::wstring_view(text).substr(wall), L"cols") < text.size() - wall;
+    });
 }
 
 void TraceLines(benchmark::State& state)
@@ -134,10 +162,10 @@ BENCHMARK_CAPTURE(StreamFields, write, KxMfcEx::eKxFileIOWrite);
 BENCHMARK(BareWrite);
 BENCHMARK_CAPTURE(StreamFields, read, KxMfcEx::eKxFileIORead);
 BENCHMARK(BareRead);
-BENCHMARK(Split);
-BENCHMARK(BareSplit);
-BENCHMARK(Match);
-BENCHMARK(BareMatch);
+BENCHMARK(Split)->Unit(benchmark::kMillisecond);
+BENCHMARK(BareSplit)->Unit(benchmark::kMillisecond);
+BENCHMARK(Match)->Unit(benchmark::kMillisecond);
+BENCHMARK(BareMatch)->Unit(benchmark::kMillisecond);
 BENCHMARK(TraceLines);
 
 }   // namespace

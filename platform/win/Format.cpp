@@ -52,6 +52,7 @@ private:
 
 std::wstring Formatter::Run()
 {
+    m_out.reserve(60);   // most texts need no more
     while (*m_at != 0) {
         if (*m_at != L'%') {
             m_out += *m_at++;
@@ -237,13 +238,14 @@ uint64_t Formatter::Unsigned(const Spec& spec)
     return wide ? value : value & 0xFFFFFFFF;
 }
 
-std::wstring DigitsOf(uint64_t value, unsigned base, bool capital)
+// The end of `room`, which 64 bits fill at most.
+std::wstring_view DigitsIn(wchar_t (&room)[64], uint64_t value, unsigned base, bool capital)
 {
-    const std::wstring_view symbols = capital ? L"0123456789ABCDEF" : L"0123456789abcdef";
-    std::wstring digits;
+    const wchar_t* const symbols = capital ? L"0123456789ABCDEF" : L"0123456789abcdef";
+    size_t at = std::size(room);
     for (; value != 0; value /= base)
-        digits.insert(digits.begin(), symbols[value % base]);
-    return digits;
+        room[--at] = symbols[value % base];
+    return std::wstring_view(room + at, std::size(room) - at);
 }
 
 void Formatter::WriteInteger(const Spec& spec)
@@ -253,10 +255,12 @@ void Formatter::WriteInteger(const Spec& spec)
     const uint64_t value =
         isSigned ? (number < 0 ? 0 - static_cast<uint64_t>(number) : static_cast<uint64_t>(number)) : Unsigned(spec);
     const unsigned base = spec.kind == L'o' ? 8 : spec.kind == L'x' || spec.kind == L'X' ? 16 : 10;
-    std::wstring digits = DigitsOf(value, base, spec.kind == L'X');
+    wchar_t room[64];
+    std::wstring_view digits = DigitsIn(room, value, base, spec.kind == L'X');
     const auto least = static_cast<size_t>(spec.precision < 0 ? 1 : spec.precision);
+    std::wstring filled;
     if (digits.size() < least)
-        digits.insert(0, least - digits.size(), L'0');
+        digits = filled.assign(least - digits.size(), L'0').append(digits);
     std::wstring prefix;
     if (isSigned)
         prefix = number < 0 ? L"-" : spec.plus ? L"+" : spec.blank ? L" " : L"";
@@ -282,9 +286,9 @@ void Formatter::WriteReal(const Spec& spec)
 
 void Formatter::WritePointer(const Spec& spec)
 {
-    std::wstring digits = DigitsOf(reinterpret_cast<uintptr_t>(va_arg(m_arguments, void*)), 16, true);
-    digits.insert(0, 16 - digits.size(), L'0');
-    Pad(spec, L"", digits, false);
+    wchar_t room[64];
+    const std::wstring_view digits = DigitsIn(room, reinterpret_cast<uintptr_t>(va_arg(m_arguments, void*)), 16, true);
+    Pad(spec, std::wstring(16 - digits.size(), L'0'), digits, false);
 }
 
 void Formatter::Pad(const Spec& spec, std::wstring_view prefix, std::wstring_view body, bool zero)

@@ -1,5 +1,6 @@
 #include "../CrtFiles.h"
 #include "../Files.h"
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -65,8 +66,14 @@ public:
             return 0;
         std::string text;
         text.reserve(size + size / 8);
-        for (size_t i = 0; i < size; ++i)
-            bytes[i] == '\n' ? text.append("\r\n") : text.append(1, bytes[i]);
+        const std::string_view all(bytes, size);
+        for (size_t at = 0; at < size;) {
+            const size_t end = std::min(all.find('\n', at), size);
+            text.append(all.substr(at, end - at));
+            if (end < size)
+                text += "\r\n";
+            at = end + 1;
+        }
         for (size_t done = 0; done < text.size();) {
             const ssize_t put = write(m_file, text.data() + done, text.size() - done);
             if (put < 0 && errno != EINTR)
