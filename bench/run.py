@@ -27,8 +27,10 @@ def measured(program, folder, only):
     if result.returncode != 0:
         sys.exit(f"bench: {program.name} ended with status {result.returncode}")
     rows = {}
+    if not result.stdout.strip():   # nothing has such a name
+        return rows
     for row in json.loads(result.stdout)["benchmarks"]:
-        name = row["name"].split("/")[0]
+        name = row["name"].removesuffix("/manual_time").split("/iterations")[0]
         if row.get("error_occurred"):
             print(f"bench: {name}: {row['error_message']}", file=sys.stderr)
         else:
@@ -42,6 +44,21 @@ def peak_memory(kxcad, drawing):
     _, status, usage = os.wait4(process.pid, 0)
     process.returncode = os.waitstatus_to_exitcode(status)
     return usage.ru_maxrss * 1024 if process.returncode == 0 else None
+
+
+def print_utilities(program, only):
+    """What the utilities do per second beside the bare way of doing the same."""
+    rows = measured(program, Path("."), only)
+    table = [("fields written, CKxFileIO beside fprintf", "StreamFields/write", "BareWrite"),
+             ("fields read, CKxFileIO beside fscanf", "StreamFields/read", "BareRead"),
+             ("short texts split, beside a loop over views", "Split", "BareSplit"),
+             ("short texts matched, beside a loop over views", "Match", "BareMatch"),
+             ("trace lines to a log, beside nothing", "TraceLines", None)]
+    print(f"\n{'what':<52}{'per second':>14}{'bare':>14}  times slower")
+    for what, name, bare in table:
+        speeds = [rows[row]["items_per_second"] if row in rows else None for row in (name, bare)]
+        shown = "".join("-".rjust(14) if speed is None else f"{speed:14,.0f}" for speed in speeds)
+        print(f"{what:<52}{shown}  {speeds[1] / speeds[0]:.1f}" if None not in speeds else f"{what:<52}{shown}")
 
 
 def main():
@@ -85,6 +102,7 @@ def main():
     for what, unit, goal, value in table:
         verdict = "" if value is None or value <= goal else "   missed"
         print(f"{what:<52}{'-' if value is None else format(value, '.2f'):>10}{goal:>8.2f}  {unit}{verdict}")
+    print_utilities(programs / "kx_bench_utilities", options.only)
 
 
 if __name__ == "__main__":
