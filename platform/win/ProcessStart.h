@@ -20,7 +20,8 @@ typedef _PROCESS_INFORMATION PROCESS_INFORMATION, *LPPROCESS_INFORMATION;
 struct _SECURITY_ATTRIBUTES;
 
 extern "C" {
-// Without a program its name is the first word of the command line, which the call leaves as it was. The program gets
+// Without a program its name is the first word of the command line, which the call leaves as it was; a name without
+// a folder is also looked for beside this program. The program gets
 // the words of the command line as Windows parts them; a line that begins with a blank has an empty first word, for
 // which it gets its own name. Last error 2 or 3 when there is no such file, 193 when it is no program.
 BOOL CreateProcessW(LPCWSTR program, LPWSTR commandLine, const _SECURITY_ATTRIBUTES* process,

@@ -3,6 +3,7 @@
 #include "../CommandLine.h"
 #include "../Files.h"
 #include "../HandleTable.h"
+#include "../Modules.h"
 #include "../Processes.h"
 #include "../WinAnswer.h"
 #include "../WinSystem.h"
@@ -114,11 +115,54 @@ DWORD StartError(int error)
     return error == ENOEXEC || error == EACCES ? DWORD(ERROR_BAD_EXE_FORMAT) : KxPlat::WinErrorOf(error);
 }
 
-// A program whose name lacks an extension may also be found with ".exe".
+bool IsThere(const std::string& path)
+{
+    return KxPlat::FileInfoOf(path).exists;
+}
+
+// A program whose name lacks an extension may also be found with ".exe", one without a folder beside this program.
 std::string ProgramFile(const std::wstring& name)
 {
-    const std::string path = KxPlat::HostPath(name);
-    return KxPlat::FileInfoOf(path).exists ? path : KxPlat::HostPath(name + L".exe");
+    std::wstring places[] = {name, L""};
+    if (name.find_first_of(L"\\/:") == std::wstring::npos) {
+        wchar_t own[MAX_PATH] = {};
+        GetModuleFileNameW(nullptr, own, MAX_PATH);
+        places[1] = std::wstring(own).substr(0, std::wstring_view(own).rfind(L'\\') + 1) + name;
+    }
+    for (const std::wstring& place : places) {
+        for (const wchar_t* extension : {L"", L".exe"}) {
+            const std::string path = KxPlat::HostPath(place + extension);
+            if (IsThere(path))
+                return path;
+        }
+    }
+    return KxPlat::HostPath(name);
+}
+
+// The words of a line that begins with the program's name. Without quotation marks the name may hold blanks: the
+// shortest beginning that is a file is taken.
+std::vector<std::wstring> LineWords(const std::wstring& line)
+{
+    for (size_t end = line.find(L' '); line[0] != L'"' && end != std::wstring::npos; end = line.find(L' ', end + 1)) {
+        const std::wstring name = line.substr(0, end);
+        if (end == 0 || !IsThere(ProgramFile(name)))
+            continue;
+        std::vector<std::wstring> words = KxPlat::CommandWords(L"x" + line.substr(end));
+        words[0] = name;
+        return words;
+    }
+    return KxPlat::CommandWords(line);
+}
+
+// The error of a program's file that cannot be started, 0 for the others.
+DWORD FileError(const std::string& path)
+{
+    const KxPlat::FileInfo file = KxPlat::FileInfoOf(path);
+    if (file.exists)
+        return file.isFolder ? ERROR_ACCESS_DENIED : ERROR_SUCCESS;
+    const size_t slash = path.rfind('/');
+    const bool hasFolder = slash == std::string::npos || IsThere(path.substr(0, slash + 1));
+    return hasFolder ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
 }
 
 Child* ChildOf(HANDLE handle)
@@ -138,12 +182,15 @@ BOOL CreateProcessW(LPCWSTR program, LPWSTR commandLine, const _SECURITY_ATTRIBU
     if (info == nullptr || (program == nullptr && (commandLine == nullptr || *commandLine == 0)))
         return KxPlat::FailWith(ERROR_INVALID_PARAMETER);
     Child::CollectOrphans();
-    std::vector<std::wstring> words = KxPlat::CommandWords(commandLine != nullptr ? commandLine : program);
+    std::vector<std::wstring> words = {program != nullptr ? program : L""};
+    if (commandLine != nullptr && *commandLine != 0)
+        words = program != nullptr ? KxPlat::CommandWords(commandLine) : LineWords(commandLine);
     const std::wstring name = program != nullptr ? program : words[0];
     std::string path = ProgramFile(name);
-    const KxPlat::FileInfo file = KxPlat::FileInfoOf(path);
-    if (!file.exists || file.isFolder)
-        return KxPlat::FailWith(file.isFolder ? ERROR_ACCESS_DENIED : ERROR_FILE_NOT_FOUND);
+    if (const DWORD error = FileError(path); error != 0)
+        return KxPlat::FailWith(error);
+    if (folder != nullptr && !KxPlat::FileInfoOf(KxPlat::HostPath(folder)).isFolder)
+        return KxPlat::FailWith(ERROR_DIRECTORY);
     if (path[0] != '/')
         path = KxPlat::CurrentFolder() + "/" + path;
     if (words[0].empty())

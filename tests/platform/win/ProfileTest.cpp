@@ -16,11 +16,13 @@ const char kFile[] =
     "toplevel=before any section\r\n"
     "[Sec]\r\nplain=value\r\nquoted=\"dq value\"\r\nsquoted='sq value'\r\nmixq=\"abc'\r\ninnerq=ab\"cd\"ef\r\n"
     "onlyleft=\"abc\r\nqq=\"\"\r\nq1=\"\r\ndoubleq=\"\"abc\"\"\r\nqspace=\"  lead and trail  \"\r\n"
-    "qthen=\"abc\" def\r\nqtrail=\"abc\"   \r\n   indented   =   indentval\r\nintab=a\tb\r\neqs=a=b=c\r\n"
+    "onlyright=abc\"\r\ntrail=abc   \r\nUPPER=U\r\nqthen=\"abc\" def\r\nqtrail=\"abc\"   \r\n   indented   =   "
+    "indentval\r\nintab=a\tb\r\neqs=a=b=c\r\n"
     ";comment=1\r\n#hash=2\r\nsemi=abc ; not comment\r\nempty=\r\nblank=   \r\nnovalue\r\n=noname\r\n"
     "dup=first\r\ndup=second\r\nkey with space=kws\r\n"
     "num=12abc\r\nneg=-5\r\nhex=0x1F\r\nplus=+7\r\nspnum=  42\r\nbig=4294967299\r\n\r\n"
-    "[ Spaced ]\r\nk=sp\r\n[sec]\r\nonlysecond=1\r\n[A]B]\r\nk=brk\r\n[Sec2] tail\r\nk=after\r\n[Empty]\r\n"
+    "[ Spaced ]\r\nk=sp\r\n[sec]\r\nonlysecond=1\r\n[A]B]\r\nk=brk\r\n[Sec2] tail\r\nk=after\r\n   [Ind]\r\n k = "
+    "ind\r\n[Empty]\r\n"
     "[Last]\r\nlast=noeol";
 
 class Profile : public testing::Test {
@@ -58,6 +60,12 @@ TEST_F(Profile, Values)
         {L"Sec", L"mixq", L"\"abc'"},
         {L"Sec", L"innerq", L"ab\"cd\"ef"},
         {L"Sec", L"onlyleft", L"\"abc"},
+        {L"Sec", L"onlyright", L"abc\""},
+        {L"Sec", L"trail", L"abc"},
+        {L"Sec", L"upper", L"U"},
+        {L"Sec", L"indented   ", L"indentval"},
+        {L"Sec", L"hash", L"<def>"},
+        {L"Ind", L"k", L"ind"},
         {L"Sec", L"qq", L""},
         {L"Sec", L"q1", L"\""},
         {L"Sec", L"doubleq", L"\"abc\""},
@@ -112,9 +120,36 @@ TEST_F(Profile, SmallBuffersCutValues)
     }
 }
 
+TEST_F(Profile, LongValuesAreCut)
+{
+    EXPECT_EQ(Get(L"Sec", L"quoted", L"", 4), L"dq ");
+    m_folder.Write("t.ini", "[Sec]\r\nlong=" + std::string(300, 'x') + "\r\n");
+    EXPECT_EQ(Get(L"Sec", L"long", L"", 260).size(), 259u);
+}
+
+TEST_F(Profile, AFileIsReadAnewEachTime)
+{
+    m_folder.Write("t.ini", "[S]\r\nk=1\r\n");
+    EXPECT_EQ(Get(L"S", L"k"), L"1");
+    m_folder.Write("t.ini", "[S]\r\nk=2\r\n");
+    EXPECT_EQ(Get(L"S", L"k"), L"2");
+}
+
+TEST_F(Profile, TheCurrentFolderIsNotSearched)
+{
+    wchar_t before[520];
+    _wgetcwd(before, 520);
+    _wchdir(m_folder.DrivePath().c_str());
+    m_file = L"t.ini";
+    EXPECT_EQ(Get(L"Sec", L"plain"), L"<def>");
+    m_file = L".\\t.ini";
+    EXPECT_EQ(Get(L"Sec", L"plain"), L"value");
+    _wchdir(before);
+}
+
 TEST_F(Profile, Lists)
 {
-    const std::wstring sections = L"Sec\0Spaced\0sec\0A]B\0Sec2\0Empty\0Last\0"s;
+    const std::wstring sections = L"Sec\0Spaced\0sec\0A]B\0Sec2\0Ind\0Empty\0Last\0"s;
     EXPECT_EQ(Get(nullptr, nullptr), sections);
     EXPECT_EQ(Get(nullptr, L"plain"), sections);
     EXPECT_EQ(Get(nullptr, nullptr, L"d", 8), L"Sec\0Sp"s);
@@ -199,6 +234,9 @@ TEST_F(Profile, Encodings)
         {"UTF-16BE with mark", "\xFE\xFF\0[\0S\0]\0\n\0k\0=\x4E\x2D\x65\x87\0\n\0k\0002\0=\0b"s, L"中文", L"b"},
         {"UTF-16LE without mark", "[\0S\0]\0\n\0k\0=\0\x2D\x4E\n\0k\0002\0=\0b\0"s, L"<def>", L"<def>"},
         {"ANSI", "[S]\r\nk=\xC7\xE9\r\nk2=b\r\n", L"Çé", L"b"},
+        {"UTF-16LE without mark, ASCII only", "[\0S\0]\0\n\0k\0=\0a\0\n\0k\0002\0=\0b\0"s, L"<def>", L"<def>"},
+        {"blank line inside", "[S]\r\nk=a\r\n\r\nk2=b\r\n", L"a", L"b"},
+        {"blank in the name", "[S ]\r\nk=a\r\nk2=b", L"a", L"b"},
         {"LF ends", "[S]\nk=a\nk2=b\n", L"a", L"b"},
         {"CR ends", "[S]\rk=a\rk2=b\r", L"a", L"b"},
         {"Ctrl-Z", "[S]\r\nk=a\r\n\x1Ak2=b\r\n", L"a", L"b"},
@@ -239,6 +277,8 @@ TEST_F(Profile, Writing)
         {"no line end", "[S]\r\na=1", L"S", L"b", L"2", "[S]\r\na=1\r\nb=2\r\n"},
         {"LF file", "[S]\na=1\n", L"S", L"a", L"2", "[S]\r\na=2\r\n"},
         {"duplicate key", "[S]\r\na=1\r\na=2\r\n", L"S", L"a", L"9", "[S]\r\na=9\r\na=2\r\n"},
+        {"quoted value", "[S]\r\na=\"1\"\r\n", L"S", L"a", L"2", "[S]\r\na=2\r\n"},
+        {"same value again", base, L"S", L"a", L"1", base},
         {"UTF-16", "\xFF\xFE[\0S\0]\0\r\0\n\0"s, L"S", L"a", L"中", "\xFF\xFE[\0S\0]\0\r\0\n\0a\0=\0\x2D\x4E\r\0\n\0"s},
         {"bytes of other lines", "[S]\r\nx=\xC7\xBD\r\n", L"S", L"a", L"1", "[S]\r\nx=\xC7\xBD\r\na=1\r\n"},
     };
@@ -250,6 +290,17 @@ TEST_F(Profile, Writing)
     }
     EXPECT_FALSE(WritePrivateProfileStringW(L"S", L"k", L"v", m_folder.DrivePath(L"no\\t.ini").c_str()));
     EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
+}
+
+TEST_F(Profile, ChineseInItsOwnPage)
+{
+    const AnsiPage page(936);
+    if (!page.IsSet())
+        GTEST_SKIP() << "another code page";
+    m_folder.Write("t.ini", "[S]\r\nk=\xD6\xD0\xCE\xC4\r\n");
+    EXPECT_EQ(Get(L"S", L"k"), L"中文");
+    EXPECT_TRUE(WritePrivateProfileStringW(L"S", L"k", L"中", m_file.c_str()));
+    EXPECT_EQ(m_folder.Read("t.ini"), "[S]\r\nk=\xD6\xD0\r\n");
 }
 
 TEST_F(Profile, BytesThatAreNoCharactersStay)

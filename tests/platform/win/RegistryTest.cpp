@@ -74,6 +74,11 @@ TEST_F(Registry, NamesOfKeys)
     EXPECT_EQ(Create(L"\\SOFTWARE", key), 161);
     EXPECT_EQ(Create((L"SOFTWARE\\" + std::wstring(255, L'n')).c_str(), key), 0);
     EXPECT_EQ(Create(nullptr, key), 0);
+    EXPECT_EQ(Create(L"", key), 0);
+    const HKEY wrong = reinterpret_cast<HKEY>(0x7778);
+    EXPECT_EQ(RegCreateKeyExW(wrong, L"x", 0, nullptr, 0, KEY_READ, nullptr, &key, nullptr), 6);
+    wchar_t name[8];
+    EXPECT_EQ(RegEnumKeyW(wrong, 0, name, 8), 6);
     EXPECT_EQ(RegOpenKeyExW(reinterpret_cast<HKEY>(0x7778), L"x", 0, KEY_READ, &key), 6);
     EXPECT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\KxTest", 0, KEY_READ, &key), 2);
 }
@@ -234,6 +239,9 @@ TEST_F(Registry, KeysInTheOrderOfTheirNames)
     for (DWORD i = 0; RegEnumKeyW(m_key, i, name, 8) == 0; ++i)
         deleted += RegDeleteKeyW(m_key, name) == 0 ? 1 : 0;
     EXPECT_EQ(deleted, 5) << "a walk by index over keys that go away meets every second one";
+    while (RegEnumKeyW(m_key, 0, name, 8) == 0)
+        deleted += RegDeleteKeyW(m_key, name) == 0 ? 1 : 0;
+    EXPECT_EQ(deleted, 10);
 }
 
 TEST_F(Registry, The32BitViewOfTheMachine)

@@ -91,6 +91,11 @@ TEST(Version, UnknownNamesLeaveThePointerAlone)
     EXPECT_EQ(value, &value);
     EXPECT_EQ(length, 0u);
     EXPECT_EQ(GetLastError(), ERROR_RESOURCE_TYPE_NOT_FOUND);
+    for (const wchar_t* node : {L"\\StringFileInfo\\080404b0", L"\\StringFileInfo\\080404b0\\"}) {
+        length = 99;
+        EXPECT_TRUE(VerQueryValueW(block.data(), node, &value, &length)) << "a node without a value";
+        EXPECT_EQ(length, 0u);
+    }
 }
 
 TEST(Version, FilesWithoutOne)
