@@ -29,7 +29,8 @@ Acad::ErrorStatus Read(AcDbDatabase& database, const wchar_t* path, ReadReport& 
 Acad::ErrorStatus Write(AcDbDatabase& database, const wchar_t* path, AcDb::AcDbDwgVersion version, bool isBinary,
                         int precision)
 {
-    switch (WriteDxf(database, HostPath(path), {version, isBinary, precision})) {
+    LastWriteReport() = WriteReport();
+    switch (WriteDxf(database, HostPath(path), {version, isBinary, precision}, &LastWriteReport().dropped)) {
     case 0:
         return Acad::eOk;
     case EACCES:

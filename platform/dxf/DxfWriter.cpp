@@ -9,6 +9,7 @@
 #include "DxfNames.h"
 #include "DxfSink.h"
 #include "DxfVersion.h"
+#include "HiddenBits.h"
 #include "TagNumbers.h"
 #include <algorithm>
 #include <unordered_set>
@@ -359,6 +360,8 @@ void DxfWriter<Writer>::Entity(const AcDbStub* stub)
     const bool isFromFile = m_isSameForm && ObjectAccess::Shape(entity) != 0;
     if (IsR12() && !isFromFile && WriteOldForm(entity, m_sink))
         return;
+    if (WriteTableAsInsert(entity, m_sink))
+        return;
     m_sink.Write(DxfNameOf(entity), entity, m_form);
     if (m_version < AcDb::kDHL_1015 && !m_isSameForm)
         WriteOldView(entity, m_sink);
@@ -398,12 +401,15 @@ void WriteAll(DbCore& core, Writer writer, const TextCodec& codec, AcDb::AcDbDwg
 
 }   // namespace
 
-int WriteDxf(AcDbDatabase& database, const std::string& hostPath, const DxfOutput& output)
+int WriteDxf(AcDbDatabase& database, const std::string& hostPath, const DxfOutput& output, uint64_t* dropped)
 {
     AtomicFile file;
     if (const int error = file.Open(hostPath))
         return error;
     DbCore& core = CoreOf(database);
+    const HiddenBits hidden(core);
+    if (dropped != nullptr)
+        *dropped = hidden.count();
     OutBuffer out([&file](std::string_view bytes) {
         file.Write(bytes);
         return true;

@@ -14,6 +14,8 @@ struct DxfOutput {
 };
 
 // 0 or the system's error number.
-int WriteDxf(AcDbDatabase& database, const std::string& hostPath, const DxfOutput& output);
+// `dropped` counts the objects that only a DWG file can hold.
+int WriteDxf(AcDbDatabase& database, const std::string& hostPath, const DxfOutput& output,
+             uint64_t* dropped = nullptr);
 
 }   // namespace KxPlat

@@ -5,8 +5,9 @@
 #include "../db/AcDb3dPolylineVertex.h"
 #include "../db/AcDbMText.h"
 #include "../db/AcDbPolyline.h"
+#include "../db/AcDbTable.h"
 #include "../db/AcDbText.h"
-#include "../db/core/Stub.h"
+#include "../db/core/ObjectAccess.h"
 #include "../rx/acutads.h"
 #include "DxfNames.h"
 #include <cmath>
@@ -129,6 +130,22 @@ void WriteParagraph(const AcDbMText& paragraph, RecordSink& sink)
 }
 
 }   // namespace
+
+bool WriteTableAsInsert(const AcDbEntity& entity, RecordSink& sink)
+{
+    const AcDbTable* table = ObjectAccess::IsOnlyBits(entity) ? AcDbTable::cast(&entity) : nullptr;
+    if (table == nullptr)
+        return false;
+    AcDbBlockReference insert(table->position(), table->blockTableRecord());
+    Dress(insert, entity);
+    insert.setNormal(table->normal());
+    insert.setPosition(table->position());
+    insert.setScaleFactors(table->scaleFactors());
+    insert.setRotation(table->rotation());
+    ObjectAccess::Owner(insert) = ObjectAccess::Owner(entity);
+    sink.Record("INSERT", insert, HandleOf(entity));
+    return true;
+}
 
 bool WriteOldForm(const AcDbEntity& entity, RecordSink& sink)
 {

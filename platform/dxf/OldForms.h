@@ -18,4 +18,8 @@ public:
 // is left out.
 bool WriteOldForm(const AcDbEntity& entity, RecordSink& sink);
 
+// A table of which only the bits of a DWG file are known becomes an insert of the block that shows it. False for all
+// else.
+bool WriteTableAsInsert(const AcDbEntity& entity, RecordSink& sink);
+
 }   // namespace KxPlat
