@@ -1,6 +1,7 @@
 // Typed values in an object's extended data, found again by a number of the caller's choice.
 // The list lives in memory: GetXData reads it from an object, SetXData writes it back whole.
-// An object's extended data is limited to 16 KB by the host; what may grow larger belongs in a CKxAcXRecord.
+// Extended data is for small values: hosts allow 16 KB of it on one object. What may grow larger belongs in a
+// CKxAcXRecord.
 #pragma once
 #include "KxAcXDataList.h"
 

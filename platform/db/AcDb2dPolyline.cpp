@@ -132,7 +132,17 @@ Acad::ErrorStatus VertexOwner::transformBy(const AcGeMatrix3d& transform)
         MapVertex(*vertex, transform);
         vertex->close();
     }
+    for (AcDbEntity* vertex : m_parts.waiting())
+        MapVertex(static_cast<AcDbVertex&>(*vertex), transform);
     return Acad::eOk;
+}
+
+AcRxObject* VertexOwner::clone() const
+{
+    auto* copy = static_cast<VertexOwner*>(AcDbCurve::clone());
+    if (copy != nullptr)
+        copy->m_parts.CopyOf(m_parts);
+    return copy;
 }
 
 namespace {

@@ -18,6 +18,8 @@ public:
 
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
+    // With copies of the vertices, which join a database with the copy.
+    AcRxObject* clone() const override;
 
     void adoptParts(DbCore& core) override { m_parts.Adopt(*this, core); }
     const std::vector<AcDbStub*>* parts() const override { return &m_parts.stubs(); }

@@ -284,7 +284,17 @@ Acad::ErrorStatus AcDbBlockReference::transformBy(const AcGeMatrix3d& transform)
         attribute->transformBy(transform);
         attribute->close();
     }
+    for (AcDbEntity* attribute : m_parts.waiting())
+        attribute->transformBy(transform);
     return Acad::eOk;
+}
+
+AcRxObject* AcDbBlockReference::clone() const
+{
+    auto* copy = static_cast<AcDbBlockReference*>(AcDbEntity::clone());
+    if (copy != nullptr)
+        copy->m_parts.CopyOf(m_parts);
+    return copy;
 }
 
 Acad::ErrorStatus AcDbBlockReference::explode(AcArray<AcRxObject*>& pieces) const

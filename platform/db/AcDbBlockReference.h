@@ -49,6 +49,8 @@ public:
     // Copies of the block's entities where they are seen; attribute definitions are left out.
     Acad::ErrorStatus explode(AcArray<AcRxObject*>& pieces) const override;
     Acad::ErrorStatus getEcs(AcGeMatrix3d& ecs) const override;
+    // With copies of the attributes, which join a database with the copy.
+    AcRxObject* clone() const override;
 
     void adoptParts(KxPlat::DbCore& core) override { m_parts.Adopt(*this, core); }
     const std::vector<AcDbStub*>* parts() const override { return &m_parts.stubs(); }

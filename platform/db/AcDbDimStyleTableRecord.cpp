@@ -35,18 +35,52 @@ double AcDbDimStyleTableRecord::real(int code, double byDefault) const
 
 Acad::ErrorStatus AcDbDimStyleTableRecord::setReal(int code, double value)
 {
+    return setGroup({int16_t(code), 0, false, value});
+}
+
+AcDbObjectId AcDbDimStyleTableRecord::idAt(int code) const
+{
+    if (const Annex* annex = ObjectAccess::Find(*this))
+        for (const GroupValue& group : annex->others)
+            if (group.code == code)
+                return group.id();
+    return AcDbObjectId();
+}
+
+Acad::ErrorStatus AcDbDimStyleTableRecord::setIdAt(int code, AcDbObjectId id)
+{
+    return id.isNull() && idAt(code).isNull() ? Acad::eOk : setGroup({int16_t(code), 0, false, id});
+}
+
+Acad::ErrorStatus AcDbDimStyleTableRecord::setGroup(GroupValue group)
+{
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;
     GroupList& groups = ObjectAccess::Make(*this).others;
-    for (GroupValue& group : groups)
-        if (group.code == code) {
-            group.value = value;
+    for (GroupValue& known : groups)
+        if (known.code == group.code) {
+            known.value = std::move(group.value);
             return Acad::eOk;
         }
     // The groups of a style are one run behind its flags.
-    const bool isFirst = groups.empty();
-    groups.push_back({int16_t(code), uint8_t(fields().SectionOf("AcDbDimStyleTableRecord")), isFirst, value});
+    group.section = uint8_t(fields().SectionOf("AcDbDimStyleTableRecord"));
+    group.startsRun = groups.empty();
+    groups.push_back(std::move(group));
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDimStyleTableRecord::copyFrom(const AcRxObject* other)
+{
+    const AcDbDimStyleTableRecord* from = AcDbDimStyleTableRecord::cast(other);
+    if (from == nullptr)
+        return Acad::eWrongObjectType;
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status != Acad::eOk)
+        return status;
+    const Annex* annex = ObjectAccess::Find(*from);
+    GroupList groups = annex == nullptr ? GroupList() : annex->others;
+    ObjectAccess::Make(*this).others = std::move(groups);
     return Acad::eOk;
 }
 

@@ -96,6 +96,14 @@ Acad::ErrorStatus AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId linetyp
     return status;
 }
 
+Acad::ErrorStatus AcDbLayerTableRecord::setPlotStyleName(AcDbObjectId plotStyle)
+{
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status == Acad::eOk)
+        m_plotStyle = plotStyle;
+    return status;
+}
+
 Acad::ErrorStatus AcDbLayerTableRecord::setLineWeight(AcDb::LineWeight weight)
 {
     const Acad::ErrorStatus status = assertWriteEnabled();

@@ -29,6 +29,8 @@ public:
     Acad::ErrorStatus setLinetypeObjectId(AcDbObjectId linetype);
     AcDb::LineWeight lineWeight() const { return AcDb::LineWeight(m_lineWeight); }
     Acad::ErrorStatus setLineWeight(AcDb::LineWeight weight);
+    AcDbObjectId plotStyleNameId() const { return m_plotStyle; }
+    Acad::ErrorStatus setPlotStyleName(AcDbObjectId plotStyle);
     ACHAR* description() const;
     Acad::ErrorStatus setDescription(const ACHAR* description);
 

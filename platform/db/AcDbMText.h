@@ -3,6 +3,10 @@
 #include "AcDbEntity.h"
 #include <vector>
 
+namespace AcDb {
+enum LineSpacingStyle { kAtLeast = 1, kExactly = 2 };
+}
+
 class AcDbMText : public AcDbEntity {
 public:
     ACDB_DECLARE_MEMBERS(AcDbMText);
@@ -38,6 +42,7 @@ public:
     AcDbObjectId textStyle() const { return m_style; }
     Acad::ErrorStatus setTextStyle(AcDbObjectId style);
     double lineSpacingFactor() const { return m_lineSpacing; }
+    AcDb::LineSpacingStyle lineSpacingStyle() const { return AcDb::LineSpacingStyle(m_lineSpacingStyle); }
 
     ACHAR* contents() const;   // with format codes; the caller frees it with acutDelString
     CString contentsText() const;

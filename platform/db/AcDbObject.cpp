@@ -338,8 +338,14 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain)
 AcRxObject* AcDbObject::clone() const
 {
     AcDbObject* copy = static_cast<AcDbObject*>(isA()->create());
-    if (copy != nullptr)
-        CopyFields(*copy, *this);
+    if (copy == nullptr)
+        return nullptr;
+    CopyFields(*copy, *this);
+    // What the original owns and who looks after it stay its own.
+    if (copy->m_annex != nullptr) {
+        copy->m_annex->extensionDictionary.setNull();
+        copy->m_annex->reactors.clear();
+    }
     return copy;
 }
 

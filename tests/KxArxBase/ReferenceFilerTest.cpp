@@ -127,9 +127,10 @@ void ExpectNamedRecords(AcDbDatabase& db, Handles collected, const Handles& stor
         collected.erase(place);
     }
     for (uint64_t handle : collected) {
+        // Handle 0 is a record that is only named.
         const AcDbStub* stub = KxPlat::CoreOf(db).handles.Find(handle);
-        if (handle != 0)   // a record that is only named
-            EXPECT_TRUE(stub != nullptr && AcDbSymbolTableRecord::cast(stub->object) != nullptr) << std::hex << handle;
+        const bool isRecord = stub != nullptr && AcDbSymbolTableRecord::cast(stub->object) != nullptr;
+        EXPECT_TRUE(handle == 0 || isRecord) << std::hex << handle;
     }
 }
 

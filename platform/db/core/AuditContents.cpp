@@ -46,7 +46,8 @@ void Audit::Values(AcDbStub* stub)
             const double* values = &field.in<double>(*stub->object);
             const bool isNumber =
                 std::all_of(values, values + count, [](double value) { return std::isfinite(value); });
-            const bool isNormal = field.code == 210 && count == 3;
+            // A class that may have no normal says so by its default.
+            const bool isNormal = field.code == 210 && count == 3 && field.defaultReal[2] != 0;
             const bool isFlat = isNormal && values[0] == 0 && values[1] == 0 && values[2] == 0;
             if (isNumber && !isFlat)
                 continue;

@@ -19,12 +19,18 @@ AcDbObjectId Cloner::Copy(AcDbObjectId source, AcDbObjectId owner, bool isPrimar
     AcDbObject* copy = AcDbObject::cast(from.clone());
     if (copy == nullptr)
         return AcDbObjectId();
+    // A copy on its own has neither; here they are what the translation starts from.
+    if (const Annex* annex = ObjectAccess::Find(from)) {
+        ObjectAccess::Make(*copy).extensionDictionary = annex->extensionDictionary;
+        ObjectAccess::Make(*copy).reactors = annex->reactors;
+    }
     m_to.Adopt(copy, 0, owner, true);
     AcDbStub* stub = ObjectAccess::Stub(*copy);
     const AcDbStub* ownerStub = owner;
     stub->fromXref = ownerStub != nullptr && ownerStub->fromXref;
     m_map.assign(AcDbIdPair(source, stub, true, isPrimary));
     m_made.push_back(stub);
+    TranslateNamesInXData(*copy, from.database());
     CopyOwned(from, *copy);
     copy->close();
     return stub;

@@ -33,6 +33,7 @@ private:
 
     AcDbObjectId Copy(AcDbObjectId source, AcDbObjectId owner, bool isPrimary);
     void CopyOwned(const AcDbObject& from, AcDbObject& to);
+    void TranslateNamesInXData(AcDbObject& copy, const AcDbDatabase* from);
     AcDbStub* Attached(AcDbStub* source, AcDbBlockTableRecord& block, bool isPrimary);
 
     AcDbObjectId CopyRecord(AcDbObjectId source, TableKind kind);

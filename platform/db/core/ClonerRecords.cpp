@@ -89,8 +89,9 @@ Cloner::Place Cloner::PlaceOf(const AcDbSymbolTableRecord& from, TableKind kind)
     place.there = m_to.Table(kind)->find(ViewOf(place.name));
     if (place.there == nullptr)
         return place;
+    // Spaces and applications mean the same in every drawing.
     const AcDbBlockTableRecord* block = AcDbBlockTableRecord::cast(&from);
-    if (block != nullptr && (block->isModelSpace() || block->isPaperSpace()))
+    if (kind == TableKind::RegApp || (block != nullptr && (block->isModelSpace() || block->isPaperSpace())))
         return place;
     const AcDb::DuplicateRecordCloning mode = m_map.duplicateRecordCloning();
     if (block != nullptr && block->isAnonymous()) {
@@ -175,6 +176,7 @@ AcDbObjectId Cloner::CopyRecord(AcDbObjectId source, TableKind kind)
     const AcDbObjectId copy = record->objectId();
     m_map.assign(AcDbIdPair(source, copy, true));
     m_made.push_back(copy);
+    TranslateNamesInXData(*record, from.database());
     if (m_xref.IsEmpty())
         CopyOwned(from, *record);
     if (kind == TableKind::Block)

@@ -115,6 +115,22 @@ void Cloner::TranslateOne(AcDbStub* clone)
     });
 }
 
+// Extended data names its applications, and layers, without a handle: they come along as well, and the layers' names
+// become those that they have in the destination.
+void Cloner::TranslateNamesInXData(AcDbObject& copy, const AcDbDatabase* from)
+{
+    if (from == nullptr || from == m_to.database || !copy.hasXData())
+        return;
+    for (GroupValue& group : ObjectAccess::Make(copy).xData) {
+        if (group.code != 1001 && group.code != 1003)
+            continue;
+        const TableKind kind = group.code == 1001 ? TableKind::RegApp : TableKind::Layer;
+        AcDbStub* source = CoreOf(*from).Table(kind)->find(ViewOf(group.text()));
+        if (source != nullptr)
+            group.value = static_cast<const AcDbSymbolTableRecord*>(ObjectOf(CopyRecord(source, kind)))->nameText();
+    }
+}
+
 // A reactor that was not cloned knows nothing of the clone.
 void Cloner::TranslateReactors(AcDbObject& clone)
 {

@@ -23,8 +23,34 @@ void TakeOver(AcDbEntity& part, const AcDbEntity& owner)
 
 OwnedParts::~OwnedParts()
 {
+    DropWaiting();
+}
+
+void OwnedParts::DropWaiting()
+{
     for (AcDbEntity* part : m_waiting)
         delete part;
+    m_waiting.clear();
+}
+
+void OwnedParts::Attach(AcDbStub* part)
+{
+    DropWaiting();
+    m_stubs.push_back(part);
+}
+
+void OwnedParts::CopyOf(const OwnedParts& other)
+{
+    DropWaiting();
+    const auto copy = [this](const AcDbEntity* part) {
+        if (AcDbEntity* made = AcDbEntity::cast(part->clone()))
+            m_waiting.push_back(made);
+    };
+    for (const AcDbStub* stub : other.m_stubs)
+        if (!stub->erased && stub->object != nullptr && !IsEndMark(stub))
+            copy(static_cast<const AcDbEntity*>(stub->object));
+    for (const AcDbEntity* part : other.m_waiting)
+        copy(part);
 }
 
 Acad::ErrorStatus OwnedParts::Insert(AcDbEntity& owner, AcDbEntity* part, AcDbObjectId after, AcDbObjectId& id)

@@ -14,8 +14,12 @@ public:
 
     // In file order, the end mark last where there is one.
     const std::vector<AcDbStub*>& stubs() const { return m_stubs; }
-    // From a file.
-    void Attach(AcDbStub* part) { m_stubs.push_back(part); }
+    // Those that wait for the owner to join a database.
+    const std::vector<AcDbEntity*>& waiting() const { return m_waiting; }
+    // From a file, or from whoever copies the parts by himself: copies that wait are no longer wanted.
+    void Attach(AcDbStub* part);
+    // Copies of another owner's parts wait here.
+    void CopyOf(const OwnedParts& other);
     // Puts a new part behind `after`, or behind all others when that is null. In a database the part stays open for
     // write and gets an id; outside one the id is null and the part waits.
     Acad::ErrorStatus Insert(AcDbEntity& owner, AcDbEntity* part, AcDbObjectId after, AcDbObjectId& id);
@@ -24,6 +28,7 @@ public:
 
 private:
     void Complete(AcDbEntity& owner, DbCore& core);
+    void DropWaiting();
 
     std::vector<AcDbStub*> m_stubs;
     std::vector<AcDbEntity*> m_waiting;

@@ -10,6 +10,7 @@
 #include "db/AcDbLine.h"
 #include "db/AcDbLinetypeTableRecord.h"
 #include "db/AcDbMText.h"
+#include "db/AcDbRegAppTableRecord.h"
 #include "db/AcDbSortentsTable.h"
 #include "db/AcDbTextStyleTableRecord.h"
 #include "db/AcDbXrecord.h"
@@ -223,6 +224,26 @@ TEST_F(Clones, ExtensionDictionariesComeWithTheirRecords)
     EXPECT_EQ(groups[0].id(), clone);
     EXPECT_TRUE(groups[1].id().isNull());   // the other line stayed behind
     EXPECT_EQ(groups[2].text(), L"甲");
+}
+
+TEST_F(Clones, NamesInExtendedDataComeAlong)
+{
+    AddLayer(to, L"标注", 1);
+    AddLayer(from, L"标注", 5);
+    Add<AcDbRegAppTable>(from, L"KX_ROOM", new AcDbRegAppTableRecord);
+    const AcDbObjectId line = AddLine(from, 0);
+    AcDbObject* opened = nullptr;
+    ASSERT_EQ(acdbOpenAcDbObject(opened, line, AcDb::kForWrite), Acad::eOk);
+    resbuf* data = acutBuildList(1001, L"KX_ROOM", 1003, L"标注", 1071, 5, 0);
+    EXPECT_EQ(opened->setXData(data), Acad::eOk);
+    acutRelRb(data);
+    opened->close();
+    const AcDbObjectId clone = Cloned(Ids({line}), AcDb::kDrcMangleName);
+    EXPECT_NE(CoreOf(to).Table(TableKind::RegApp)->find(L"KX_ROOM"), nullptr);
+    resbuf* copied = At(clone)->xData(L"KX_ROOM");
+    ASSERT_NE(copied, nullptr);
+    EXPECT_EQ(std::wstring(copied->rbnext->resval.rstring), L"$0$标注");
+    acutRelRb(copied);
 }
 
 TEST_F(Clones, GroupsGoOnWithTheMembersThatCameAlong)
