@@ -165,9 +165,14 @@ Acad::ErrorStatus AcDbEntity::setLineWeight(AcDb::LineWeight weight, bool)
 
 Acad::ErrorStatus AcDbEntity::setVisibility(AcDb::Visibility visibility, bool)
 {
-    const Acad::ErrorStatus status = assertWriteEnabled();
+    const int16_t invisible = visibility == AcDb::kInvisible;
+    if (invisible == m_invisible)
+        return isWriteEnabled() ? Acad::eOk : Acad::eNotOpenForWrite;
+    if (database() != nullptr && isWriteEnabled())
+        CoreOf(*database()).undo.ChangingMember(*this, m_invisible);
+    const Acad::ErrorStatus status = assertWriteEnabled(false);
     if (status == Acad::eOk)
-        m_invisible = visibility == AcDb::kInvisible;
+        m_invisible = invisible;
     return status;
 }
 

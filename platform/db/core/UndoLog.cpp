@@ -2,6 +2,7 @@
 #include "Fields.h"
 #include "ObjectAccess.h"
 #include "RecordNames.h"
+#include <cstring>
 
 namespace KxPlat {
 
@@ -37,6 +38,20 @@ void UndoLog::Changing(AcDbObject& object)
         return;
     CopyFields(*change.before, object);
     Open().changes.push_back(std::move(change));
+}
+
+// Not marked as recorded: a later change of other members still needs its copy.
+void UndoLog::Record(AcDbObject& object, const void* member, uint8_t size)
+{
+    AcDbStub* stub = ObjectAccess::Stub(object);
+    if (m_isOff || stub == nullptr || stub->recordedIn == m_serial)
+        return;
+    std::vector<Change>& changes = Open().changes;
+    Change& change = changes.emplace_back();
+    change.stub = stub;
+    change.member.offset = uint16_t(static_cast<const char*>(member) - reinterpret_cast<const char*>(&object));
+    change.member.size = size;
+    std::memcpy(&change.member.bits, member, size);
 }
 
 void UndoLog::Erasing(AcDbStub* stub)
@@ -84,10 +99,28 @@ void UndoLog::SwapHeader(HeaderChange& change, HeaderVars& vars)
     change = std::move(present);
 }
 
+namespace {
+
+void SwapMember(AcDbObject& object, MemberBits& kept)
+{
+    char* member = reinterpret_cast<char*>(&object) + kept.offset;
+    uint32_t present = 0;
+    std::memcpy(&present, member, kept.size);
+    std::memcpy(member, &kept.bits, kept.size);
+    kept.bits = present;
+    ObjectAccess::State(object) |= kChangedSinceRead;
+}
+
+}   // namespace
+
 void UndoLog::Swap(Change& change, HeaderVars& vars)
 {
     if (change.header != nullptr) {
         SwapHeader(*change.header, vars);
+        return;
+    }
+    if (change.member.size != 0) {
+        SwapMember(*change.stub->object, change.member);
         return;
     }
     if (change.before == nullptr) {

@@ -6,11 +6,19 @@
 #include "HeaderVars.h"
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 class AcDbObject;
 
 namespace KxPlat {
+
+// The former value of a plain member, and where in its object that lies.
+struct MemberBits {
+    uint32_t bits = 0;
+    uint16_t offset = 0;
+    uint8_t size = 0;
+};
 
 class UndoLog {
 public:
@@ -26,6 +34,13 @@ public:
     bool IsOff() const { return m_isOff; }
 
     void Changing(AcDbObject& object);
+    // The same for one plain member of at most four bytes: no copy is made of the rest.
+    template <class T>
+    void ChangingMember(AcDbObject& object, const T& member)
+    {
+        static_assert(std::is_integral_v<T> && sizeof(T) <= sizeof(MemberBits::bits));
+        Record(object, &member, sizeof(T));
+    }
     void Erasing(AcDbStub* stub);   // before the erased flag turns
     void Added(AcDbStub* stub);
     void ChangingHeader(const HeaderVars& vars, std::string_view name);
@@ -41,18 +56,20 @@ private:
         HeaderVar before;
         bool wasThere = false;
     };
-    // Small, since a command may change every layer of a large drawing: exactly one of the three is recorded.
+    // Small, since a command may change every object of a large drawing.
     struct Change {
         AcDbStub* stub = nullptr;
         std::unique_ptr<AcDbObject> before;     // fields
         std::unique_ptr<HeaderChange> header;   // a header variable
-        bool wasErased = false;                 // neither of them: the erased flag
+        MemberBits member;                      // one small member, when its size is not 0
+        bool wasErased = false;                 // none of them: the erased flag
     };
     struct Step {
         CString command;
         std::vector<Change> changes;
     };
     Step& Open();
+    void Record(AcDbObject& object, const void* member, uint8_t size);
     static void Swap(Change& change, HeaderVars& vars);
     static void SwapHeader(HeaderChange& change, HeaderVars& vars);
 
