@@ -193,7 +193,7 @@ private:
     // All that is visible, on a sheet turned to its format.
     std::wstring PictureOfModel()
     {
-        const AcDbObjectId model = SpaceNamed(ACDB_MODEL_SPACE);
+        const AcDbObjectId model = CoreOf(m_database).modelSpace;
         const Box box = m_settings.showsAllLayers ? m_scene.BoxOf(model) : m_scene.VisibleBoxOf(model);
         Picture picture;
         picture.block = model;
@@ -251,7 +251,7 @@ private:
     Picture PictureThrough(const AcDbViewport& viewport, const Projection& page) const
     {
         Picture picture;
-        picture.block = SpaceNamed(ACDB_MODEL_SPACE);
+        picture.block = CoreOf(m_database).modelSpace;
         const DevicePoint middle = page(viewport.centerPoint());
         picture.width = viewport.width() * page.Scale();
         picture.height = viewport.height() * page.Scale();
@@ -273,13 +273,6 @@ private:
         viewport.getFrozenLayerList(frozen);
         picture.frozenLayers.assign(frozen.asArrayPtr(), frozen.asArrayPtr() + frozen.length());
         return picture;
-    }
-
-    AcDbObjectId SpaceNamed(const wchar_t* name) const
-    {
-        AcDbObjectId id;
-        CoreOf(m_database).Table(TableKind::Block)->getAt(name, id);
-        return id;
     }
 
     // Open for read; null when there is none.

@@ -43,8 +43,11 @@ Adesk::Boolean AcDb2dPolyline::subWorldDraw(AcGiWorldDraw* worldDraw)
     std::vector<WideVertex> vertices;
     for (const AcDbVertex* each : CurveVertices()) {
         const auto* vertex = static_cast<const AcDb2dVertex*>(each);
+        // A vertex without widths has those of the polyline.
+        const bool hasWidths = vertex->startWidth() != 0 || vertex->endWidth() != 0;
         vertices.push_back({AcGePoint2d(vertex->position().x, vertex->position().y), vertex->bulge(),
-                            vertex->startWidth(), vertex->endWidth()});
+                            hasWidths ? vertex->startWidth() : m_startWidth,
+                            hasWidths ? vertex->endWidth() : m_endWidth});
     }
     const AcGeMatrix3d toWorld =
         AcGeMatrix3d::planeToWorld(m_normal) * AcGeMatrix3d::translation(AcGeVector3d(0, 0, m_base.z));

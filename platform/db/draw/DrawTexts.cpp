@@ -25,6 +25,22 @@ AcGiTextStyle StyleOf(AcDbObjectId id, double height)
     return style;
 }
 
+// Where the text begins. For a justified text the alignment point counts: many programs store no start for it.
+AcGePoint3d StartOf(const AcDbText& text, const AcGeVector3d& along, const AcGiTextStyle& style, const ACHAR* shown)
+{
+    if (text.isDefaultAlignment())
+        return text.position();
+    const int horizontal = text.horizontalMode(), vertical = text.verticalMode();
+    const double width = style.extents(shown, false, -1, false).x;
+    const double right = horizontal == AcDb::kTextRight                                    ? width
+                         : horizontal == AcDb::kTextCenter || horizontal == AcDb::kTextMid ? width / 2
+                                                                                           : 0;
+    const double up = horizontal == AcDb::kTextMid || vertical == AcDb::kTextVertMid ? text.height() / 2
+                      : vertical == AcDb::kTextTop                                   ? text.height()
+                                                                                     : 0;
+    return text.alignmentPoint() - along * right - text.normal().crossProduct(along) * up;
+}
+
 void DrawLine(AcGiWorldDraw& draw, const AcDbText& text, const ACHAR* shown)
 {
     AcGiTextStyle style = StyleOf(text.textStyle(), text.height());
@@ -32,7 +48,7 @@ void DrawLine(AcGiWorldDraw& draw, const AcDbText& text, const ACHAR* shown)
     style.setObliquingAngle(text.oblique());
     style.setBackward(text.isMirroredInX());
     style.setUpsideDown(text.isMirroredInY());
-    const AcGePoint3d start = text.position();
+    AcGePoint3d start = text.position();
     const bool isBetween = text.horizontalMode() == AcDb::kTextAlign || text.horizontalMode() == AcDb::kTextFit;
     AcGeVector3d along = AcGeMatrix3d::planeToWorld(text.normal()) *
                          AcGeVector3d(std::cos(text.rotation()), std::sin(text.rotation()), 0);
@@ -44,6 +60,8 @@ void DrawLine(AcGiWorldDraw& draw, const AcDbText& text, const ACHAR* shown)
             style.setTextSize(text.height() * ratio);
         else
             style.setXScale(text.widthFactor() * ratio);
+    } else if (!isBetween) {
+        start = StartOf(text, along, style, shown);
     }
     draw.geometry().text(start, text.normal(), along, shown, -1, Adesk::kFalse, style);
 }
