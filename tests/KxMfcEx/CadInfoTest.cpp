@@ -80,6 +80,8 @@ TEST(CadInfo, FiltersLookAboveEveryFolder)
         {L"ACAD-6001:804", L"C:\\Acad2008", 1, 0},   // no separator: the whole path
         {L"R17.1\\ACAD-6001:804\\Profiles\\a:b\\x", L"C:\\Acad2008", 1, 0},
         {L"R17.1\\Profiles", L"C:\\Acad2008", 0, 0},
+        {L"HK:CU:\\ACAD-6001:804", L"C:\\Acad2008", 0, 0},   // no further separator: read from the path's start
+        {L"HK:CU:\\ACAD-6001:804\\x", L"C:\\Acad2008", 1, 0},
         {L"ACAD-6001\\x", L"C:\\Acad2008", 0, 0},
         {L"ACAD-xx:804", L"C:\\Acad2008", 0, 0},
         {nullptr, L"C:\\Acad2008", 0, 0},

@@ -93,6 +93,17 @@ TEST_F(Products, AreFoundByTheirPrograms)
     }
 }
 
+TEST_F(Products, AValueHoldsAtMost2600Characters)
+{
+    for (const int length : {2599, 2600}) {   // and its terminator
+        const std::string folders = "C:\\\\Acad2012;" + std::string(size_t(length - 12), ';');
+        m_registry.Import("[HKEY_CURRENT_USER\\SOFTWARE\\Autodesk\\AutoCAD\\R18.2\\ACAD-A001:804]\n\"ACAD\"=\"" +
+                          folders + "\"\n");
+        CArray<int, int> releases;
+        EXPECT_EQ(GetProductInstallVers(kProductAutoCad, releases), length == 2599 ? 1 : 0);
+    }
+}
+
 TEST_F(Products, TheSearchTakesTheFirstAcceptedValue)
 {
     static std::vector<std::wstring> s_asked;
@@ -136,7 +147,16 @@ TEST_F(Products, TheSearchTakesTheFirstAcceptedValue)
     size = sizeof text;
     EXPECT_EQ(Reg_GetFirstSuiteNameValueData(key, names, &type, data, &size, refuse), 0);
     EXPECT_EQ(s_asked, (std::vector<std::wstring>{L"\\a=x", L"K\\\\b=below"})) << "a refused value leaves its size";
+    m_registry.Import("[HKEY_CURRENT_USER\\Top]\n\"a\"=\"x\"\n");
+    RegCloseKey(key);
+    ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"Top", 0, KEY_READ, &key), 0);
+    s_asked.clear();
+    size = sizeof text;
+    names.Add(L"A");
+    EXPECT_EQ(Reg_GetFirstSuiteNameValueData(key, names, &type, data, &size, refuse), 0);
+    EXPECT_EQ(s_asked, (std::vector<std::wstring>{L"\\a=x", L"\\a=x"})) << "once for each name that it has";
     EXPECT_EQ(Reg_GetFirstSuiteNameValueData(nullptr, names, &type, data, &size, nullptr), 0);
+    EXPECT_EQ(RegistrySearchAccess(), REGSAM(KEY_READ)) << "a process of the system's own kind";
     RegCloseKey(key);
 }
 
@@ -196,6 +216,7 @@ TEST_F(Products, ScriptsStartTheProgram)
     EXPECT_EQ(RunAutoCadWithScr(182, L"C:\\start.scr", L"C:\\Kx support"), 1);
     EXPECT_EQ(Arguments(), "/b\nC:\\start.scr\n/s\nC:\\Kx support\n");
     EXPECT_EQ(RunAutoCadWithScr2(171, L"C:\\start.scr", L"建筑", L"s"), 1);
+    EXPECT_TRUE(std::filesystem::exists(m_folder.Path("log"))) << "it waits for a program that ends soon";
     EXPECT_EQ(Arguments(), "/b\nC:\\start.scr\n/s\ns\n/p\n建筑\n");
     EXPECT_EQ(RunAutoCadWithScr2(171, L"C:\\start.scr", L"Plain", nullptr), 1);
     EXPECT_EQ(Arguments(), "/b\nC:\\start.scr\n/p\nPlain\n");

@@ -161,6 +161,13 @@ TEST(Processes, DevicesBecomeDrives)
         EXPECT_STREQ(out, row.path);
     }
     wchar_t out[MAX_PATH] = {};
+    if (drive.AddDrive('a')) {
+        wchar_t device[100] = {};
+        ASSERT_NE(QueryDosDeviceW(L"A:", device, 100), 0u);
+        const std::wstring path = std::wstring(device) + L"\\x";
+        EXPECT_EQ(DosPathToNtPath(path.c_str(), out), 0) << "drives of floppy disks are passed over";
+        EXPECT_EQ(out, path);
+    }
     EXPECT_EQ(DosPathToNtPath(nullptr, out), 0);
     EXPECT_EQ(DosPathToNtPath(L"x", nullptr), 0);
 }

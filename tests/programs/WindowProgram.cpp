@@ -1,10 +1,11 @@
-// WindowProgram TITLE LOG: shows a main window, then makes the file LOG and appends the bytes of each WM_COPYDATA to
-// it. Answers 40 and the number of the data; ends when the window is closed.
+// WindowProgram TITLE LOG STYLE: shows a main window, then makes the file LOG and appends the bytes of each WM_COPYDATA
+// to it. Answers 40 and the number of the data; ends when the window is closed.
 #include "win/CodePage.h"
 #include "win/Files.h"
 #include "win/OwnVersion.h"
 #include "win/PublishedWindow.h"
 #include "win/TopWindows.h"
+#include <cstdlib>
 #include <fstream>
 #include <string>
 
@@ -34,11 +35,12 @@ LRESULT CALLBACK Answer(HWND, UINT message, WPARAM, LPARAM lParam)
 
 int main(int argc, char** argv)
 {
-    if (argc != 3)
+    if (argc != 4)
         return 2;
     g_log = KxPlat::HostPath(KxPlat::FromUtf8(argv[2]));
     KxPlat::WindowFacts facts;
     facts.title = KxPlat::FromUtf8(argv[1]);
+    facts.style = static_cast<DWORD>(std::strtoul(argv[3], nullptr, 16));
     const KxPlat::PublishedWindow window(facts, Answer);
     std::ofstream(g_log, std::ios::binary | std::ios::app).flush();
     for (int seconds = 0; !g_closed && seconds < 60; ++seconds)

@@ -12,6 +12,12 @@ public:
     void MakeFolder(const std::string& name) const { std::filesystem::create_directories(Path(name)); }
     void Write(const std::string& name, const std::string& bytes) const { m_folder.Write("drive_c/" + name, bytes); }
 
+    // Another drive; false where a test cannot make one.
+    bool AddDrive(char letter) const
+    {
+        return std::filesystem::create_directories(m_folder.Path(std::string("drive_") + letter));
+    }
+
 private:
     TempFolder m_folder;
     Variable m_variable;

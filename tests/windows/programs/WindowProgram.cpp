@@ -1,10 +1,11 @@
-// WindowProgram TITLE LOG: shows a main window, then makes the file LOG and appends the bytes of each WM_COPYDATA to
-// it. Answers 40 and the number of the data; ends when the window is closed.
+// WindowProgram TITLE LOG STYLE: shows a main window, then makes the file LOG and appends the bytes of each WM_COPYDATA
+// to it. Answers 40 and the number of the data; ends when the window is closed.
 #include <windows.h>
 
 #include <shellapi.h>
 
 #include <cstdio>
+#include <cwchar>
 
 namespace {
 
@@ -36,7 +37,7 @@ int main()
 {
     int count = 0;
     wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
-    if (count != 3)
+    if (count != 4)
         return 2;
     g_log = words[2];
     WNDCLASSW kind = {};
@@ -44,7 +45,7 @@ int main()
     kind.hInstance = GetModuleHandleW(nullptr);
     kind.lpszClassName = L"KxTestWindow";
     RegisterClassW(&kind);
-    const HWND window = CreateWindowExW(0, kind.lpszClassName, words[1], WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300,
+    const HWND window = CreateWindowExW(0, kind.lpszClassName, words[1], std::wcstoul(words[3], nullptr, 16), 0, 0, 300,
                                         200, nullptr, nullptr, kind.hInstance, nullptr);
     if (window == nullptr)
         return 1;

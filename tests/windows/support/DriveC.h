@@ -40,6 +40,9 @@ public:
         std::ofstream(Path(name), std::ios::binary) << bytes;
     }
 
+    // Another drive; false where a test cannot make one.
+    bool AddDrive(char) const { return false; }
+
 private:
     std::set<std::filesystem::path> m_before;
 };
