@@ -69,10 +69,15 @@ void PlanBlocks(DwgOutput& output)
     int spaces = 0;
     for (const AcDbStub* stub : output.core.Table(TableKind::Block)->records()) {
         const uint64_t handle = output.HandleOf(stub);
-        if (handle == 0 || handle == output.roots.modelSpace || handle == output.roots.paperSpace)
+        if (handle == 0)
             continue;
         const AcDbBlockTableRecord& block = *static_cast<const AcDbBlockTableRecord*>(stub->object);
         const CString& name = block.nameText();
+        if (handle == output.roots.modelSpace || handle == output.roots.paperSpace) {
+            if (!name.IsEmpty() && name[0] == L'$')   // as files before AC1012 spell it
+                output.blockNames[stub] = block.isModelSpace() ? ACDB_MODEL_SPACE : ACDB_PAPER_SPACE;
+            continue;
+        }
         int letters = name.GetLength();
         while (letters > 0 && name[letters - 1] >= L'0' && name[letters - 1] <= L'9')
             --letters;

@@ -70,7 +70,7 @@ public:
         if (m_spelling != nullptr)
             if (const KeptSpelling* kept = Spelling(code, [&](const KeptSpelling& one) { return one.text == value; }))
                 return Raw(code, *kept);
-        m_writer.Text(code, m_codec.Encode(value));
+        m_writer.Text(code, m_codec.Encode(IsOldSpace(code, value) ? L"*" + value.Mid(1) : value));
     }
     void Id(int code, AcDbObjectId value) override
     {
@@ -111,6 +111,13 @@ public:
     }
 
 private:
+    // The oldest files spell the names of the spaces with a dollar sign.
+    bool IsOldSpace(int code, const CString& name) const
+    {
+        return (code == 2 || code == 3) && m_version >= AcDb::kDHL_1012 && !m_isSameForm && !name.IsEmpty() &&
+               name[0] == L'$' &&
+               (name.CompareNoCase(L"$MODEL_SPACE") == 0 || name.CompareNoCase(L"$PAPER_SPACE") == 0);
+    }
     void OwnHandle(int code, const AcDbStub* stub)
     {
         const uint64_t handle = stub != nullptr ? stub->handle : m_handle;
