@@ -2,15 +2,18 @@
 // takes its shortest form.
 #pragma once
 #include "BitReader.h"
+#include <algorithm>
+#include <memory>
 
 namespace KxPlat {
 
 class BitWriter {
 public:
-    size_t Position() const { return m_bytes.size() * 8 + size_t(m_count); }
+    size_t Position() const { return m_size * 8 + size_t(m_count); }
+    // Keeps the room.
     void Clear()
     {
-        m_bytes.clear();
+        m_size = 0;
         m_pending = 0;
         m_count = 0;
     }
@@ -20,10 +23,13 @@ public:
     {
         m_pending = m_pending << count | (value & (~uint64_t(0) >> (64 - count)));
         m_count += count;
-        while (m_count >= 8) {
-            m_count -= 8;
-            m_bytes.push_back(char(m_pending >> m_count));
-        }
+        if (m_count < 32)
+            return;
+        m_count -= 32;
+        const uint32_t whole = __builtin_bswap32(uint32_t(m_pending >> m_count));
+        Grow(sizeof whole);
+        std::memcpy(m_room.get() + m_size, &whole, sizeof whole);
+        m_size += sizeof whole;
     }
     void B(bool value) { Bits(value ? 1 : 0, 1); }
     void BB(int value) { Bits(uint64_t(value), 2); }
@@ -134,9 +140,17 @@ public:
     }
     void Bytes(std::string_view bytes)
     {
-        if (m_count == 0) {
-            m_bytes.append(bytes);
+        if (m_count % 8 == 0) {
+            Settle();
+            Grow(bytes.size());
+            std::memcpy(m_room.get() + m_size, bytes.data(), bytes.size());
+            m_size += bytes.size();
             return;
+        }
+        for (; bytes.size() >= 4; bytes.remove_prefix(4)) {
+            uint32_t part;
+            std::memcpy(&part, bytes.data(), 4);
+            RL(part);
         }
         for (char byte : bytes)
             RC(uint8_t(byte));
@@ -144,7 +158,7 @@ public:
     // The whole of another stream.
     void Append(const BitWriter& other)
     {
-        Bytes(other.m_bytes);
+        Bytes(std::string_view(other.m_room.get(), other.m_size));
         if (other.m_count > 0)
             Bits(other.m_pending, other.m_count);
     }
@@ -158,24 +172,49 @@ public:
     }
     void FillByte(bool withOnes = false)
     {
-        if (m_count > 0)
-            Bits(withOnes ? 0xFF : 0, 8 - m_count);
+        if (m_count % 8 != 0)
+            Bits(withOnes ? 0xFF : 0, 8 - m_count % 8);
+        Settle();
     }
     // Puts an RL in the place of one written before as 0, which may begin at any bit. Whole bytes only: FillByte first.
     void PatchRL(size_t position, uint32_t value)
     {
         const uint64_t shifted = uint64_t(__builtin_bswap32(value)) << (32 - position % 8);
-        for (size_t i = 0; i < 5 && position / 8 + i < m_bytes.size(); ++i)
-            m_bytes[position / 8 + i] = char(uint8_t(m_bytes[position / 8 + i]) | uint8_t(shifted >> (56 - 8 * i)));
+        char* at = m_room.get() + position / 8;
+        for (size_t i = 0; i < 5 && position / 8 + i < m_size; ++i)
+            at[i] = char(uint8_t(at[i]) | uint8_t(shifted >> (56 - 8 * i)));
     }
 
-    // Whole bytes; an unfinished one is not among them.
-    const std::string& bytes() const { return m_bytes; }
-    std::string Take() { return std::move(m_bytes); }
+    // Whole bytes, until the next change; an unfinished one is not among them.
+    std::string_view bytes()
+    {
+        Settle();
+        return std::string_view(m_room.get(), m_size);
+    }
+    std::string Take() { return std::string(bytes()); }
 
 private:
-    std::string m_bytes;
-    uint64_t m_pending = 0;   // its low m_count bits are still to be written
+    void Grow(size_t more)
+    {
+        if (m_capacity - m_size >= more)
+            return;
+        m_capacity = std::max<size_t>(256, 2 * (m_size + more));
+        std::unique_ptr<char[]> wider(new char[m_capacity]);
+        if (m_size > 0)
+            std::memcpy(wider.get(), m_room.get(), m_size);
+        m_room = std::move(wider);
+    }
+    // Pending bytes join the others.
+    void Settle()
+    {
+        Grow(8);
+        for (; m_count >= 8; m_count -= 8)
+            m_room[m_size++] = char(m_pending >> (m_count - 8));
+    }
+
+    std::unique_ptr<char[]> m_room;
+    size_t m_size = 0, m_capacity = 0;
+    uint64_t m_pending = 0;   // its low m_count bits, fewer than 32, are still to be written
     int m_count = 0;
 };
 

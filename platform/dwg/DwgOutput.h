@@ -25,7 +25,7 @@ public:
     std::vector<const AcDbStub*> blocks;
     std::unordered_map<const AcDbStub*, CString> blockNames;
     std::unordered_set<const AcDbStub*> dropped;        // live, but not in this file
-    std::unordered_map<std::string, AcDbStub*> books;   // colours of colour books by their names
+    std::unordered_map<std::string, const AcDbStub*> books;   // colours of colour books by their names
 
     bool IsLive(const AcDbStub* stub) const { return stub != nullptr && stub->object != nullptr && !stub->erased; }
     // 0 for what the file will not hold. A handle that nothing ever had stays as it is.

@@ -32,6 +32,7 @@ struct Form {
     const Layout* layout = nullptr;   // null: not at all, unless by its bits
     const LayoutProgram* program = nullptr;
     bool isEntity = false;
+    bool isTable = false;
 };
 
 class ObjectsWriter {
@@ -46,6 +47,7 @@ private:
     bool IsOfDrawing(const AcDbStub& stub) const;
     void FindRoots();
     void FindDropped();
+    void FindBooks(const std::vector<const AcDbStub*>& objects);
     bool CanWrite(const AcDbObject& object);
     const KeptBits* BitsOf(const AcDbObject& object) const;
     const Form& FormOf(const AcDbObject& object);
@@ -67,6 +69,8 @@ private:
     ObjectSink& m_sink;
     std::unordered_map<std::string, Form> m_proxyForms;
     std::unordered_map<const AcRxClass*, Form> m_forms;
+    const AcRxClass* m_lastClass = nullptr;   // of no proxy
+    const Form* m_lastForm = nullptr;
     std::vector<std::unique_ptr<LayoutProgram>> m_programs;
     BitWriter m_frame;
     size_t m_sizePlace = 0;   // of the length of the data, in AC1015 files
@@ -113,19 +117,26 @@ const Layout* ObjectsWriter::LayoutFor(const AcDbObject& object) const
 
 const Form& ObjectsWriter::FormOf(const AcDbObject& object)
 {
-    const bool isEntity = object.isKindOf(AcDbEntity::desc());
     const AcRxClass* aClass = object.isA();
+    // Most objects are of the same class as the one before.
+    if (aClass == m_lastClass)
+        return *m_lastForm;
+    const bool isEntity = object.isKindOf(AcDbEntity::desc());
     const bool isProxy = aClass == AcDbProxyEntity::desc() || aClass == AcDbProxyObject::desc();
     Form* form = nullptr;
     if (isProxy) {
         const AcDbProxyEntity* entity = AcDbProxyEntity::cast(&object);
         form = &m_proxyForms[entity != nullptr ? entity->dxfName()
                                                : static_cast<const AcDbProxyObject&>(object).dxfName()];
-    } else
+    } else {
         form = &m_forms[aClass];
+        m_lastClass = aClass;
+        m_lastForm = form;
+    }
     if (form->program != nullptr)
         return *form;
     form->isEntity = isEntity;
+    form->isTable = object.isKindOf(AcDbSymbolTable::desc());
     const Layout* layout = LayoutFor(object);
     // A proxy of a built-in class is one that could not be understood.
     const bool fits = layout != nullptr && layout->isEntity == isEntity && !layout->isKept &&
@@ -157,15 +168,27 @@ bool HasShapeNumber(const AcDbObject& object)
 
 bool ObjectsWriter::CanWrite(const AcDbObject& object)
 {
-    if (object.isKindOf(AcDbSymbolTable::desc()))
-        return true;
     if (const KeptBits* bits = BitsOf(object))
         return bits->type != 0 || m_classes.Knows(bits->dxfName);
     const Form& form = FormOf(object);
     if (form.layout == nullptr)
-        return false;
+        return form.isTable;
     constexpr int kShape = 33;
     return form.layout->type != kShape || HasShapeNumber(object);
+}
+
+// The colours of colour books, by their names.
+void ObjectsWriter::FindBooks(const std::vector<const AcDbStub*>& objects)
+{
+    for (const AcDbStub* stub : objects) {
+        const AcDbProxyObject* color = AcDbProxyObject::cast(stub->object);
+        const Annex* annex = color == nullptr ? nullptr : ObjectAccess::Find(*color);
+        if (annex == nullptr || color->dxfName() != "DBCOLOR")
+            continue;
+        for (const GroupValue& group : annex->others)
+            if (group.code == 430)
+                m_output.books.emplace(ToUtf8(group.text().GetString()), stub);
+    }
 }
 
 void ObjectsWriter::FindDropped()
@@ -176,15 +199,10 @@ void ObjectsWriter::FindDropped()
             return;
         if (!CanWrite(*stub.object))
             m_output.dropped.insert(&stub);
-        else if (!stub.object->isKindOf(AcDbEntity::desc()))
+        else if (!FormOf(*stub.object).isEntity)
             owned.push_back(&stub);
-        if (const AcDbProxyObject* color = AcDbProxyObject::cast(stub.object);
-            color != nullptr && color->dxfName() == "DBCOLOR")
-            if (const Annex* annex = ObjectAccess::Find(*color))
-                for (const GroupValue& group : annex->others)
-                    if (group.code == 430)
-                        m_output.books.emplace(ToUtf8(group.text().GetString()), const_cast<AcDbStub*>(&stub));
     });
+    FindBooks(owned);
     m_result.dropped = m_output.dropped.size();
     // What belongs to them goes with them.
     for (bool isMore = !m_output.dropped.empty(); isMore;) {
@@ -225,7 +243,7 @@ void ObjectsWriter::Close(uint64_t handle)
     data.FillByte(true);
     if (m_output.version < kR2010)
         data.PatchRL(m_sizePlace, uint32_t(bits));
-    const std::string& body = data.bytes();
+    const std::string_view body = data.bytes();
     m_frame.Clear();
     m_frame.MS(uint32_t(body.size()));
     if (m_output.version >= kR2010)
@@ -338,8 +356,10 @@ ObjectsWritten ObjectsWriter::Run()
     Tables();
     std::vector<const AcDbStub*> objects;
     m_core.handles.ForEach([&](const AcDbStub& stub) {
-        if (IsOfDrawing(stub) && !stub.object->isKindOf(AcDbEntity::desc()) &&
-            !stub.object->isKindOf(AcDbSymbolTable::desc()) && m_output.HandleOf(&stub) != 0)
+        if (!IsOfDrawing(stub))
+            return;
+        const Form& form = FormOf(*stub.object);
+        if (!form.isEntity && !form.isTable && m_output.HandleOf(&stub) != 0)
             objects.push_back(&stub);
     });
     std::sort(objects.begin(), objects.end(),
