@@ -12,7 +12,7 @@ constexpr size_t kSmallest = 5;   // bytes of a body
 constexpr size_t kLargest = size_t(1) << 26;
 constexpr int kMostType = 500 + 2000;
 // Bytes that searching may put through the checksum: a file of noise ends the search, not the user's patience.
-constexpr uint64_t kMostWork = uint64_t(1) << 29;
+constexpr uint64_t kMostWork = uint64_t(1) << 27;
 
 constexpr int kDictionaryType = 42;
 

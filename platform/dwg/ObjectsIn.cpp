@@ -232,6 +232,10 @@ void ObjectsReader::ReadAt(size_t place)
     const ObjectType& type = m_types[frame.type];
     if (!type.isKnown)
         return report.Lose(frame.handle, "its class is not in the file");
+    const AcDbStub* taken = StubOf(frame.handle);
+    if (taken->object != nullptr &&
+        (type.table == TableKind::Count || core.tables[size_t(type.table)] != taken))   // the tables are there already
+        return report.Lose(frame.handle, "it has the handle of a table");
     if (m_inUse == m_decoders.size())
         m_decoders.emplace_back(*this);
     ObjectDecoder& in = m_decoders[m_inUse++];
