@@ -80,6 +80,8 @@ def main():
     seconds = {name: row["real_time"] / 1000 for name, row in rows.items()}
     size = drawing.stat().st_size
     peak = peak_memory(programs / "kxcad", drawing)
+    dwg_files = [folder / "all2000.dwg", folder / "all2010.dwg"]
+    dwg_peaks = [peak_memory(programs / "kxcad", file) if file.exists() else None for file in dwg_files]
 
     def ratio(name, to):
         return seconds[name] / seconds[to] if name in seconds and seconds.get(to) else None
@@ -89,6 +91,12 @@ def main():
         ("peak memory of the open drawing", "times the file", 2.0, peak / size if peak else None),
         ("open all / open a tenth", "times", 11.0, ratio("OpenAll", "OpenTenth")),
         ("open, all layers off, save", "walk-and-writes", 3.0, ratio("OpenOffSave", "WalkAndWrite")),
+        ("open as DWG 2000", "walks over the DXF", 3.0, ratio("OpenDwg2000", "Walk")),
+        ("open as DWG 2010", "walks over the DXF", 3.0, ratio("OpenDwg2010", "Walk")),
+        ("save as DWG 2000", "walks over the DXF", 4.0, ratio("SaveDwg2000", "Walk")),
+        ("save as DWG 2010", "walks over the DXF", 4.0, ratio("SaveDwg2010", "Walk")),
+        ("peak memory of the DWG 2000", "of that of the DXF", 1.0, dwg_peaks[0] / peak if peak and dwg_peaks[0] else None),
+        ("peak memory of the DWG 2010", "of that of the DXF", 1.0, dwg_peaks[1] / peak if peak and dwg_peaks[1] else None),
         ("HidePickObjectLayer over all objects", "walks", 0.2, ratio("HidePickObjectLayer", "Walk")),
         ("HidePickObject over all objects", "walks", 0.3, ratio("HidePickObject", "Walk")),
         ("ShowAllObject over all objects", "walks", 0.3, ratio("ShowAllObject", "Walk")),
