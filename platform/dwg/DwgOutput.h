@@ -33,8 +33,6 @@ public:
     {
         if (stub == nullptr || stub->erased || (!dropped.empty() && dropped.count(stub) != 0))
             return 0;
-        if (stub->object != nullptr && (ObjectAccess::State(*stub->object) & kPlaceholder) != 0)
-            return 0;
         return stub->handle;
     }
 };

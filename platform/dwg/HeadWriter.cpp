@@ -235,7 +235,8 @@ void WriteEntityHead(ObjectEncoder& out, const Neighbours& neighbours, bool hasB
     const std::vector<const AcDbStub*> reactors = Reactors(out);
     const AcDbStub* dictionary = DictionaryOf(out);
     data.BL(uint32_t(reactors.size()));
-    const uint64_t before = out.output.HandleOf(neighbours.before), behind = out.output.HandleOf(neighbours.behind);
+    const uint64_t before = neighbours.before == nullptr ? 0 : neighbours.before->handle;
+    const uint64_t behind = neighbours.behind == nullptr ? 0 : neighbours.behind->handle;
     const bool isImplied = before == out.handle - 1 && behind == out.handle + 1;
     data.B(out.version >= kR2004 ? dictionary == nullptr : isImplied);
     if (out.version >= kR2013)

@@ -193,8 +193,10 @@ void ObjectsWriter::FindBooks(const std::vector<const AcDbStub*>& objects)
 
 void ObjectsWriter::FindDropped()
 {
-    std::vector<const AcDbStub*> owned;
+    std::vector<const AcDbStub*> owned, placeholders;
     m_core.handles.ForEach([&](const AcDbStub& stub) {
+        if (stub.object != nullptr && (ObjectAccess::State(*stub.object) & kPlaceholder) != 0)
+            placeholders.push_back(&stub);
         if (!IsOfDrawing(stub))
             return;
         if (!CanWrite(*stub.object))
@@ -211,6 +213,7 @@ void ObjectsWriter::FindDropped()
             if (m_output.dropped.count(ObjectAccess::Owner(*stub->object)) != 0 && m_output.dropped.insert(stub).second)
                 isMore = true;
     }
+    m_output.dropped.insert(placeholders.begin(), placeholders.end());
 }
 
 void ObjectsWriter::Begin(int type, uint64_t handle)

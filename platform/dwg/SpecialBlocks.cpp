@@ -259,7 +259,7 @@ std::vector<const AcDbStub*> ViewportsOf(const ObjectEncoder& out, const Step& s
     std::vector<const AcDbStub*> found;
     const AcDbStub* stub = out.At<AcDbObjectId>(step.place.offset);
     const AcDbBlockTableRecord* block = stub == nullptr ? nullptr : AcDbBlockTableRecord::cast(stub->object);
-    if (block != nullptr)
+    if (block != nullptr && block->isPaperSpace())
         for (const AcDbStub* entity : Written(out, block->entities()))
             if (entity->object->isKindOf(AcDbViewport::desc()))
                 found.push_back(entity);
