@@ -4,12 +4,12 @@
 
 #include "rx/acadstrc.h"
 #include "rx/AcArray.h"
+#include "rx/acrxabort.h"
 #include "rx/AcRxClass.h"
 #include "rx/AcRxDictionary.h"
 #include "rx/AcRxDynamicLinker.h"
 #include "rx/AcRxObject.h"
 #include "rx/AcRxService.h"
-#include "rx/acrxabort.h"
 #include "rx/acutads.h"
 #include "rx/AdeskTypes.h"
 #include "rx/adscodes.h"
@@ -42,6 +42,8 @@
 
 #include "gi/AcGiDrawable.h"
 #include "gi/AcGiTextStyle.h"
+#include "gi/AcGiViewportDraw.h"
+#include "gi/AcGiWorldDraw.h"
 
 #include "db/AcCmColor.h"
 #include "db/AcDb.h"
@@ -89,6 +91,7 @@
 #include "db/AcDbMInsertBlock.h"
 #include "db/AcDbMLeader.h"
 #include "db/AcDbMline.h"
+#include "db/AcDbMlineStyle.h"
 #include "db/AcDbMText.h"
 #include "db/AcDbObject.h"
 #include "db/AcDbObjectId.h"
@@ -137,3 +140,4 @@
 #include "ed/AcEdCommandStack.h"
 #include "ed/AcEdInputPointFilter.h"
 #include "ed/AcEdInputPointManager.h"
+#include "ed/AcEdJig.h"

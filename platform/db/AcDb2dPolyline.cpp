@@ -92,15 +92,15 @@ Acad::ErrorStatus VertexOwner::Open(AcDbVertex*& vertex, AcDbObjectId id, AcDb::
 std::vector<const AcDbVertex*> VertexOwner::CurveVertices() const
 {
     std::vector<const AcDbVertex*> vertices;
-    for (const AcDbStub* stub : m_parts.stubs()) {
-        const AcDbVertex* vertex = stub->erased ? nullptr : AcDbVertex::cast(stub->object);
+    m_parts.ForEach([&](const AcDbEntity& part) {
+        const AcDbVertex* vertex = AcDbVertex::cast(&part);
         const auto* flat = AcDb2dVertex::cast(vertex);
         const auto* inSpace = AcDb3dPolylineVertex::cast(vertex);
         const bool isFrame = (flat != nullptr && flat->vertexType() == AcDb::k2dSplineCtlVertex) ||
                              (inSpace != nullptr && inSpace->vertexType() == AcDb::k3dControlVertex);
         if (vertex != nullptr && !isFrame && !vertex->isKindOf(AcDbFaceRecord::desc()))
             vertices.push_back(vertex);
-    }
+    });
     return vertices;
 }
 

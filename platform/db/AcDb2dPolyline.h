@@ -46,11 +46,17 @@ protected:
 
 }   // namespace KxPlat
 
+class AcDbPolyline;
+
 class AcDb2dPolyline : public KxPlat::VertexOwner {
 public:
     ACDB_DECLARE_MEMBERS(AcDb2dPolyline);
 
     AcDb2dPolyline() : VertexOwner(0) {}
+    // A curve-fit or spline-fit type adds the vertices of the fitted curve. `bulges` belong to plain and fitted ones.
+    AcDb2dPolyline(AcDb::Poly2dType type, const AcGePoint3dArray& vertices, double elevation = 0.0,
+                   Adesk::Boolean closed = Adesk::kFalse, double defaultStartWidth = 0.0, double defaultEndWidth = 0.0,
+                   const AcGeDoubleArray* bulges = nullptr);
 
     AcDb::Poly2dType polyType() const;
     bool isClosed() const override { return (m_flags & 1) != 0; }
@@ -77,6 +83,11 @@ public:
     AcGePoint3d vertexPosition(const AcDb2dVertex& vertex) const;
 
     bool isPlanar() const override { return true; }
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
+    AcDbCurve* PartBetween(double from, double to) const override;
+    Acad::ErrorStatus getArea(double& area) const override;
+    // The same line as a polyline of the new kind; null where there is none.
+    AcDbPolyline* Lightweight() const;
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     Acad::ErrorStatus getEcs(AcGeMatrix3d& ecs) const override;
@@ -85,6 +96,7 @@ public:
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
 
 protected:
+    Acad::ErrorStatus MakeOffset(double distance, std::vector<AcDbCurve*>& curves) const override;
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
 
 private:
@@ -103,6 +115,8 @@ public:
     ACDB_DECLARE_MEMBERS(AcDb3dPolyline);
 
     AcDb3dPolyline() : VertexOwner(8) {}
+    // A spline-fit type adds the vertices of the fitted curve.
+    AcDb3dPolyline(AcDb::Poly3dType type, const AcGePoint3dArray& vertices, Adesk::Boolean closed = Adesk::kFalse);
 
     AcDb::Poly3dType polyType() const;
     bool isClosed() const override { return (m_flags & 1) != 0; }
@@ -117,6 +131,8 @@ public:
     Acad::ErrorStatus getStartParam(double& parameter) const override;
     Acad::ErrorStatus getEndParam(double& parameter) const override;
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
+    AcDbCurve* PartBetween(double from, double to) const override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
@@ -130,6 +146,9 @@ public:
     ACDB_DECLARE_MEMBERS(AcDbPolygonMesh);
 
     AcDbPolygonMesh() : VertexOwner(16) {}
+    // Row by row, `nSize` vertices each. A smooth type counts as a frame only, without a surface over it.
+    AcDbPolygonMesh(AcDb::PolyMeshType type, Adesk::Int16 mSize, Adesk::Int16 nSize, const AcGePoint3dArray& vertices,
+                    Adesk::Boolean mClosed = Adesk::kTrue, Adesk::Boolean nClosed = Adesk::kTrue);
 
     AcDb::PolyMeshType polyMeshType() const { return AcDb::PolyMeshType(m_surfaceType); }
     Adesk::Int16 mSize() const { return m_mSize; }
@@ -138,6 +157,12 @@ public:
     Acad::ErrorStatus setNSize(Adesk::Int16 size);
     bool isMClosed() const { return (m_flags & 1) != 0; }
     bool isNClosed() const { return (m_flags & 32) != 0; }
+    Adesk::Int16 mSurfaceDensity() const { return m_mDensity; }
+    Adesk::Int16 nSurfaceDensity() const { return m_nDensity; }
+    // 2 to 256 vertices of a smooth surface.
+    Acad::ErrorStatus setMSurfaceDensity(Adesk::Int16 density);
+    Acad::ErrorStatus setNSurfaceDensity(Adesk::Int16 density);
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
     Acad::ErrorStatus appendVertex(AcDbObjectId& id, AcDbPolygonMeshVertex* vertex);
 
 protected:
@@ -159,6 +184,9 @@ public:
     Adesk::Int16 numFaces() const { return m_faceCount; }
     Acad::ErrorStatus appendVertex(AcDbObjectId& id, AcDbPolyFaceMeshVertex* vertex);
     Acad::ErrorStatus appendFaceRecord(AcDbObjectId& id, AcDbFaceRecord* face);
+    Acad::ErrorStatus appendVertex(AcDbPolyFaceMeshVertex* vertex);
+    Acad::ErrorStatus appendFaceRecord(AcDbFaceRecord* face);
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;

@@ -33,6 +33,13 @@ public:
     Acad::ErrorStatus getEndParam(double& parameter) const override;     // above it by the arc's angle
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
     Acad::ErrorStatus getArea(double& area) const override;   // between arc and chord
+    using AcDbCurve::extend;
+    Acad::ErrorStatus extend(double newParameter) override;
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
+    AcDbCurve* PartBetween(double from, double to) const override;
+
+protected:
+    Acad::ErrorStatus MakeOffset(double distance, std::vector<AcDbCurve*>& curves) const override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;

@@ -2,8 +2,10 @@
 #include "AcDbAttributeDefinition.h"
 #include "AcDbBlockReference.h"
 #include "AcDbDatabase.h"
+#include "AcDbVertex.h"
 #include "core/DbCore.h"
 #include "core/ObjectAccess.h"
+#include <algorithm>
 #include <set>
 
 using namespace KxPlat;
@@ -55,6 +57,33 @@ const ClassSchema& AcDbBlockTable::fieldSchema()
 
 // --- entities ---
 
+namespace {
+
+constexpr int kMostNesting = 64;
+
+// Whether a block shows another one, at any depth.
+bool Reaches(AcDbObjectId from, AcDbObjectId block, int depth)
+{
+    if (from == block)
+        return true;
+    const AcDbStub* stub = from;
+    const auto* record = AcDbBlockTableRecord::cast(stub == nullptr ? nullptr : stub->object);
+    if (record == nullptr || depth > kMostNesting)
+        return false;
+    std::vector<AcDbObjectId> seen;
+    for (const AcDbStub* each : record->entities()) {
+        const auto* inner = each->erased || each->object == nullptr ? nullptr : AcDbBlockReference::cast(each->object);
+        if (inner == nullptr || std::find(seen.begin(), seen.end(), inner->blockTableRecord()) != seen.end())
+            continue;
+        seen.push_back(inner->blockTableRecord());
+        if (Reaches(inner->blockTableRecord(), block, depth + 1))
+            return true;
+    }
+    return false;
+}
+
+}   // namespace
+
 Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbEntity* entity)
 {
     AcDbObjectId id;
@@ -69,6 +98,12 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
         return Acad::eAlreadyInDb;
     if (database() == nullptr)
         return Acad::eNoDatabase;
+    if (AcDbVertex::cast(entity) != nullptr)
+        return Acad::eWrongObjectType;
+    // Of all entities only insertions and polylines have parts: a quick way around the question.
+    const auto* reference = entity->parts() == nullptr ? nullptr : AcDbBlockReference::cast(entity);
+    if (reference != nullptr && Reaches(reference->blockTableRecord(), objectId(), 0))
+        return Acad::eSelfReference;
     const Acad::ErrorStatus status = assertWriteEnabled(false, false);
     if (status != Acad::eOk)
         return status;

@@ -28,6 +28,12 @@ public:
     Acad::ErrorStatus getEndParam(double& parameter) const override;   // a whole turn in radians
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
     Acad::ErrorStatus getArea(double& area) const override;
+    bool isPeriodic() const override { return true; }
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
+    AcDbCurve* PartBetween(double from, double to) const override;
+
+protected:
+    Acad::ErrorStatus MakeOffset(double distance, std::vector<AcDbCurve*>& curves) const override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;

@@ -83,6 +83,8 @@ public:
     Acad::ErrorStatus setCeltype(AcDbObjectId linetype);
     AcDbObjectId textstyle() const;
     Acad::ErrorStatus setTextstyle(AcDbObjectId style);
+    double textsize() const;
+    Acad::ErrorStatus setTextsize(double size);   // above 0
     AcDbObjectId dimstyle() const;
     Acad::ErrorStatus setDimstyle(AcDbObjectId style);
     AcCmColor cecolor() const;

@@ -3,6 +3,7 @@
 #include "AcDbDatabase.h"
 #include "AcDbLayerTableRecord.h"
 #include "core/DbCore.h"
+#include <cmath>
 
 using namespace KxPlat;
 
@@ -107,6 +108,19 @@ AcDbObjectId AcDbDatabase::textstyle() const
 Acad::ErrorStatus AcDbDatabase::setTextstyle(AcDbObjectId style)
 {
     return SetRecord(*m_core, m_core->Table(TableKind::TextStyle)->recordClass(), "$TEXTSTYLE", 7, style);
+}
+
+double AcDbDatabase::textsize() const
+{
+    return m_core->header.Real("$TEXTSIZE", 2.5);
+}
+
+Acad::ErrorStatus AcDbDatabase::setTextsize(double size)
+{
+    if (!(size > 0) || !std::isfinite(size))
+        return Acad::eInvalidInput;
+    SetNumber(*m_core, "$TEXTSIZE", 40, size);
+    return Acad::eOk;
 }
 
 AcDbObjectId AcDbDatabase::dimstyle() const

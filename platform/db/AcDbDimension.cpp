@@ -60,7 +60,7 @@ AcGePoint3d AcDbDimension::textPosition() const
 
 Acad::ErrorStatus AcDbDimension::setTextPosition(const AcGePoint3d& position)
 {
-    const Acad::ErrorStatus status = Assign(*this, m_textMiddle, WorldToEntity(position, m_normal));
+    const Acad::ErrorStatus status = Change(m_textMiddle, WorldToEntity(position, m_normal));
     if (status == Acad::eOk)
         m_type |= 128;
     return status;
@@ -68,14 +68,14 @@ Acad::ErrorStatus AcDbDimension::setTextPosition(const AcGePoint3d& position)
 
 Acad::ErrorStatus AcDbDimension::setNormal(const AcGeVector3d& normal)
 {
-    return normal.isZeroLength() ? Acad::eInvalidInput : Assign(*this, m_normal, normal.normal());
+    return normal.isZeroLength() ? Acad::eInvalidInput : Change(m_normal, normal.normal());
 }
 
 Acad::ErrorStatus AcDbDimension::setDimensionStyle(AcDbObjectId style)
 {
     if (style.objectClass() == nullptr || !style.objectClass()->isDerivedFrom(AcDbDimStyleTableRecord::desc()))
         return Acad::eInvalidInput;
-    return Assign(*this, m_style, style);
+    return Change(m_style, style);
 }
 
 ACHAR* AcDbDimension::dimensionText() const
@@ -85,12 +85,22 @@ ACHAR* AcDbDimension::dimensionText() const
 
 Acad::ErrorStatus AcDbDimension::setDimensionText(const ACHAR* text)
 {
-    return Assign(*this, m_text, text == nullptr ? L"" : text);
+    return Change(m_text, text == nullptr ? L"" : text);
 }
 
 double AcDbDimension::textRotation() const
 {
     return Radians(m_textRotation);
+}
+
+Acad::ErrorStatus AcDbDimension::setTextRotation(double angle)
+{
+    return Change(m_textRotation, Degrees(angle));
+}
+
+Acad::ErrorStatus AcDbDimension::useDefaultTextPosition()
+{
+    return Change(m_type, m_type & ~128);
 }
 
 double AcDbDimension::horizontalRotation() const
@@ -135,7 +145,7 @@ Acad::ErrorStatus AcDbDimension::getGeomExtents(AcDbExtents& extents) const
     return Acad::eOk;
 }
 
-// A picture is moved by its insertion point; of any other map it keeps the points only.
+// The picture goes along unchanged with a rigid map; of any other one it is drawn anew.
 Acad::ErrorStatus AcDbDimension::transformBy(const AcGeMatrix3d& transform)
 {
     const Acad::ErrorStatus status = assertWriteEnabled();
@@ -147,8 +157,16 @@ Acad::ErrorStatus AcDbDimension::transformBy(const AcGeMatrix3d& transform)
     for (AcGePoint3d* point : WorldPoints())
         point->transformBy(transform);
     m_horizontalRotation = m_horizontalRotation == 0 ? 0 : map.Degrees(m_horizontalRotation);
+    MapAngles(map);
     m_normal = map.normal();
+    const double before = m_measurement;
     m_measurement = Measured();
+    const bool isRigid = !map.isMirrored() && std::fabs(transform.scale() - 1) < 1e-9 && transform.isUniScaledOrtho();
+    if (isRigid && !m_block.isNull() && !m_isStale) {
+        m_measurement = before;
+        return MovePicture(transform);
+    }
+    m_isStale = true;
     return Acad::eOk;
 }
 

@@ -1,7 +1,6 @@
 #include "../ge/EntityAxes.h"
 #include "AcDbDimension.h"
 #include "core/Fields.h"
-#include "core/Members.h"
 
 using namespace KxPlat;
 
@@ -129,67 +128,6 @@ const ClassSchema& AcDbRadialDimensionLarge::fieldSchema()
                                         Real(40, &Dimension::m_jogAngle).always(),
                                     });
     return schema;
-}
-
-AcDbAlignedDimension::AcDbAlignedDimension(const AcGePoint3d& xLine1Point, const AcGePoint3d& xLine2Point,
-                                           const AcGePoint3d& dimLinePoint, const ACHAR* text, AcDbObjectId style)
-    : AcDbDimension(1), m_line1(xLine1Point), m_line2(xLine2Point)
-{
-    m_definition = dimLinePoint;
-    m_text = text;
-    m_style = style;
-    m_measurement = Measured();
-}
-
-Acad::ErrorStatus AcDbAlignedDimension::setXLine1Point(const AcGePoint3d& point)
-{
-    return Assign(*this, m_line1, point);
-}
-
-Acad::ErrorStatus AcDbAlignedDimension::setXLine2Point(const AcGePoint3d& point)
-{
-    return Assign(*this, m_line2, point);
-}
-
-Acad::ErrorStatus AcDbAlignedDimension::setDimLinePoint(const AcGePoint3d& point)
-{
-    return Assign(*this, m_definition, point);
-}
-
-AcDbRotatedDimension::AcDbRotatedDimension(double rotation, const AcGePoint3d& xLine1Point,
-                                           const AcGePoint3d& xLine2Point, const AcGePoint3d& dimLinePoint,
-                                           const ACHAR* text, AcDbObjectId style)
-    : AcDbDimension(0), m_line1(xLine1Point), m_line2(xLine2Point), m_angle(Degrees(rotation))
-{
-    m_definition = dimLinePoint;
-    m_text = text;
-    m_style = style;
-    m_measurement = Measured();
-}
-
-Acad::ErrorStatus AcDbRotatedDimension::setXLine1Point(const AcGePoint3d& point)
-{
-    return Assign(*this, m_line1, point);
-}
-
-Acad::ErrorStatus AcDbRotatedDimension::setXLine2Point(const AcGePoint3d& point)
-{
-    return Assign(*this, m_line2, point);
-}
-
-Acad::ErrorStatus AcDbRotatedDimension::setDimLinePoint(const AcGePoint3d& point)
-{
-    return Assign(*this, m_definition, point);
-}
-
-double AcDbRotatedDimension::rotation() const
-{
-    return Radians(m_angle);
-}
-
-Acad::ErrorStatus AcDbRotatedDimension::setRotation(double angle)
-{
-    return Assign(*this, m_angle, Degrees(angle));
 }
 
 namespace {

@@ -31,7 +31,8 @@ AcDbEllipse::AcDbEllipse(const AcGePoint3d& center, const AcGeVector3d& normal, 
 double AcDbEllipse::AngleOf(double parameter) const
 {
     const double turns = std::floor(parameter / (2 * kPi));
-    return turns * 2 * kPi + FullTurn(std::atan2(m_ratio * std::sin(parameter), std::cos(parameter)));
+    const double rest = parameter - turns * 2 * kPi;
+    return turns * 2 * kPi + FullTurn(std::atan2(m_ratio * std::sin(rest), std::cos(rest)));
 }
 
 Acad::ErrorStatus AcDbEllipse::get(AcGePoint3d& center, AcGeVector3d& normal, AcGeVector3d& majorAxis,
@@ -53,7 +54,8 @@ Acad::ErrorStatus AcDbEllipse::set(const AcGePoint3d& center, const AcGeVector3d
     m_center = center, m_normal = normal.normal(), m_majorAxis = majorAxis, m_ratio = radiusRatio;
     const auto parameterOf = [this](double angle) {
         const double turns = std::floor(angle / (2 * kPi));
-        return turns * 2 * kPi + FullTurn(std::atan2(std::sin(angle) / m_ratio, std::cos(angle)));
+        const double rest = angle - turns * 2 * kPi;
+        return turns * 2 * kPi + FullTurn(std::atan2(std::sin(rest) / m_ratio, std::cos(rest)));
     };
     m_start = parameterOf(startAngle);
     m_end = parameterOf(endAngle);

@@ -37,6 +37,9 @@ public:
     Acad::ErrorStatus getEndParam(double& parameter) const override;
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
     Acad::ErrorStatus getArea(double& area) const override;
+    bool isPeriodic() const override { return isClosed(); }
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
+    AcDbCurve* PartBetween(double from, double to) const override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;

@@ -7,9 +7,12 @@
 #include "AcDbObject.h"
 #include <vector>
 
+class AcGePlane;
+
 namespace KxPlat {
+class CurvePieces;
 struct DbCore;
-}
+}   // namespace KxPlat
 
 class AcDbEntity : public AcDbObject {
 public:
@@ -52,6 +55,13 @@ public:
     virtual Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) { return Acad::eNotApplicable; }
     virtual Acad::ErrorStatus getTransformedCopy(const AcGeMatrix3d& transform, AcDbEntity*& copy) const;
     virtual Acad::ErrorStatus explode(AcArray<AcRxObject*>& pieces) const { return Acad::eNotApplicable; }
+    // The places where the outlines of both meet are added to `points`, each once. With a plane they meet as seen along
+    // its normal, and the points are those of this entity.
+    virtual Acad::ErrorStatus intersectWith(const AcDbEntity* other, AcDb::Intersect type, AcArray<AcGePoint3d>& points,
+                                            Adesk::GsMarker thisMarker = 0, Adesk::GsMarker otherMarker = 0) const;
+    virtual Acad::ErrorStatus intersectWith(const AcDbEntity* other, AcDb::Intersect type, const AcGePlane& plane,
+                                            AcArray<AcGePoint3d>& points, Adesk::GsMarker thisMarker = 0,
+                                            Adesk::GsMarker otherMarker = 0) const;
     virtual bool isPlanar() const { return false; }
     virtual Acad::ErrorStatus getEcs(AcGeMatrix3d& ecs) const;
     virtual void list() const {}
@@ -64,6 +74,8 @@ public:
     // The entities that it owns, in file order, their end mark included.
     virtual const std::vector<AcDbStub*>* parts() const { return nullptr; }
     virtual void attachPart(AcDbStub* part) {}
+    // Adds the lines by which the entity is seen, in world axes; false for an entity that has none of its own.
+    virtual bool addOutline(KxPlat::CurvePieces& pieces) const { return false; }
 
 protected:
     Adesk::UInt32 subSetAttributes(AcGiDrawableTraits* traits) override;

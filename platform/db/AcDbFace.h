@@ -23,6 +23,7 @@ public:
 
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;   // the edges that are not hidden
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;

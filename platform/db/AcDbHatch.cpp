@@ -89,26 +89,6 @@ ACHAR* AcDbHatch::patternName() const
     return NewString(m_patternName);
 }
 
-Acad::ErrorStatus AcDbHatch::setPattern(HatchPatternType type, const ACHAR* name)
-{
-    if (name == nullptr)
-        return Acad::eInvalidInput;
-    const Acad::ErrorStatus status = assertWriteEnabled();
-    if (status != Acad::eOk)
-        return status;
-    m_patternName = name;
-    m_patternType = int16_t(type);
-    m_isSolid = m_patternName.CompareNoCase(L"SOLID") == 0;
-    m_pattern.clear();
-    if (m_isSolid == 0) {
-        m_pattern.push_back({52, 0, false, 0.0});
-        m_pattern.push_back({41, 0, false, 1.0});
-        m_pattern.push_back({77, 0, false, int64_t(0)});
-        m_pattern.push_back({78, 0, false, int64_t(0)});
-    }
-    return Acad::eOk;
-}
-
 double AcDbHatch::PatternReal(int code, double byDefault) const
 {
     for (const GroupValue& group : m_pattern)

@@ -31,14 +31,28 @@ public:
     Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
     ACHAR* patternName() const;   // the caller frees it with acutDelString
     HatchPatternType patternType() const { return HatchPatternType(m_patternType); }
-    // Of the predefined patterns only "SOLID" brings its lines along.
+    // A predefined pattern takes its lines from the built-in table, where it is there, at the scale and angle that
+    // hold then; a user-defined one makes lines of the spacing. An unknown name is kept without lines.
     Acad::ErrorStatus setPattern(HatchPatternType type, const ACHAR* name);
+    // These take effect with the next setPattern or evaluateHatch.
+    Acad::ErrorStatus setPatternAngle(double angle);
+    Acad::ErrorStatus setPatternScale(double scale);
+    Acad::ErrorStatus setPatternSpace(double space);
+    Acad::ErrorStatus setPatternDouble(bool isDouble);
+    double patternSpace() const { return m_patternSpace; }
+    bool patternDouble() const;
+    int numPatternDefinitions() const;
+    Acad::ErrorStatus getPatternDefinitionAt(int index, double& angle, double& baseX, double& baseY, double& offsetX,
+                                             double& offsetY, AcGeDoubleArray& dashes) const;
+    // Works the lines of the pattern out. What cannot be filled (no loops, no area) answers eInvalidInput.
+    Acad::ErrorStatus evaluateHatch(bool underEstimateNumLines = false);
     double patternAngle() const;   // radians
     double patternScale() const;
     bool isSolidFill() const { return m_isSolid != 0; }
     bool isGradient() const { return m_isGradient != 0; }
     bool isHatch() const { return m_isGradient == 0; }
     bool associative() const { return m_isAssociative != 0; }
+    Acad::ErrorStatus setAssociative(bool isAssociative);
     HatchStyle hatchStyle() const { return HatchStyle(m_style); }
     Acad::ErrorStatus setHatchStyle(HatchStyle style);
 
@@ -50,6 +64,11 @@ public:
                                 AcGeDoubleArray& bulges) const;
     Acad::ErrorStatus appendLoop(Adesk::Int32 loopType, const AcGePoint2dArray& vertices,
                                  const AcGeDoubleArray& bulges);
+    // The boundary that these curves make: closed ones each, or a chain that closes. They must lie in the hatch's
+    // plane. An associative hatch remembers them and follows their changes.
+    Acad::ErrorStatus appendLoop(Adesk::Int32 loopType, const AcDbObjectIdArray& ids);
+    Acad::ErrorStatus insertLoopAt(int index, Adesk::Int32 loopType, const AcGePoint2dArray& vertices,
+                                   const AcGeDoubleArray& bulges);
     Acad::ErrorStatus removeLoopAt(int index);
     Acad::ErrorStatus getAssocObjIds(AcDbObjectIdArray& ids) const;
     Acad::ErrorStatus getArea(double& area) const;
@@ -58,11 +77,20 @@ public:
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     Acad::ErrorStatus getEcs(AcGeMatrix3d& ecs) const override;
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;   // the loops
+    void modifiedGraphics(const AcDbObject* object) override;
+
+protected:
+    Acad::ErrorStatus subClose() override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
 
 private:
+    void SetPatternGroup(int code, KxPlat::GroupValue value);
+    void BuildPattern();
+    // The groups of a loop over the curves; empty where they make none.
+    Acad::ErrorStatus LoopOfCurves(Adesk::Int32 loopType, const AcDbObjectIdArray& ids, KxPlat::GroupList& loop) const;
     double PatternReal(int code, double byDefault) const;
     // The groups of one loop within m_loops.
     bool FindLoop(int index, size_t& begin, size_t& end) const;
@@ -75,6 +103,7 @@ private:
     KxPlat::GroupList m_gradientColors;
     std::vector<AcGePoint2d> m_seeds;
     CString m_gradientName;
+    double m_patternSpace = 1;   // of user-defined patterns; not in files, whose lines say it
     double m_pixelSize = 0;
     double m_gradientAngle = 0, m_gradientShift = 0, m_gradientTint = 0;
     int32_t m_isGradient = 0, m_gradientReserved = 0, m_isOneColor = 0, m_gradientColorCount = 0;

@@ -1,4 +1,10 @@
 #include "AcDbLeader.h"
+#include "../ge/AcGePlane.h"
+#include "AcDbBlockReference.h"
+#include "AcDbDimStyleTableRecord.h"
+#include "AcDbFcf.h"
+#include "AcDbMText.h"
+#include "core/CurvePieces.h"
 #include "core/Fields.h"
 #include "core/Members.h"
 #include "core/VectorList.h"
@@ -65,11 +71,93 @@ Acad::ErrorStatus AcDbLeader::attachAnnotation(AcDbObjectId annotation)
     return Assign(*this, m_annotation, annotation);
 }
 
+Acad::ErrorStatus AcDbLeader::detachAnnotation()
+{
+    const Acad::ErrorStatus status = Assign(*this, m_annotation, AcDbObjectId());
+    if (status == Acad::eOk)
+        m_annotationType = 3, m_hasHook = 0;
+    return status;
+}
+
+Acad::ErrorStatus AcDbLeader::setToSplineLeader()
+{
+    return Assign(*this, m_isSplined, 1);
+}
+
+Acad::ErrorStatus AcDbLeader::setToStraightLeader()
+{
+    return Assign(*this, m_isSplined, 0);
+}
+
+Acad::ErrorStatus AcDbLeader::enableArrowHead()
+{
+    return Assign(*this, m_hasArrow, 1);
+}
+
+Acad::ErrorStatus AcDbLeader::disableArrowHead()
+{
+    return Assign(*this, m_hasArrow, 0);
+}
+
+Acad::ErrorStatus AcDbLeader::setDimensionStyle(AcDbObjectId style)
+{
+    if (style.objectClass() == nullptr || !style.objectClass()->isDerivedFrom(AcDbDimStyleTableRecord::desc()))
+        return Acad::eInvalidInput;
+    return Assign(*this, m_style, style);
+}
+
+Acad::ErrorStatus AcDbLeader::setPlane(const AcGePlane& plane)
+{
+    AcGePoint3d origin;
+    AcGeVector3d u, v;
+    plane.getCoordSystem(origin, u, v);
+    const Acad::ErrorStatus status = Assign(*this, m_normal, plane.normal());
+    if (status == Acad::eOk)
+        m_xDirection = u.normal();
+    return status;
+}
+
+// The hook leads away from the last vertex towards the annotation.
+Acad::ErrorStatus AcDbLeader::evaluateLeader()
+{
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status != Acad::eOk)
+        return status;
+    AcDbEntity* annotation = nullptr;
+    m_annotationType = 3;
+    m_hasHook = 0;
+    if (m_vertices.empty() || acdbOpenObject(annotation, m_annotation, AcDb::kForRead) != Acad::eOk)
+        return Acad::eOk;
+    AcGePoint3d place = m_vertices.back();
+    if (const auto* text = AcDbMText::cast(annotation)) {
+        m_annotationType = 0;
+        m_textHeight = text->actualHeight(), m_textWidth = text->actualWidth();
+        place = text->location();
+        m_hasHook = 1;
+    } else if (const auto* frame = AcDbFcf::cast(annotation)) {
+        m_annotationType = 1;
+        place = frame->location();
+        m_hasHook = 1;
+    } else if (const auto* block = AcDbBlockReference::cast(annotation)) {
+        m_annotationType = 2;
+        m_blockOffset = block->position() - m_vertices.back();
+    }
+    m_hookDirection = (place - m_vertices.back()).dotProduct(m_xDirection) >= 0 ? 1 : 0;
+    m_annotationOffset = m_annotationType == 2 ? AcGeVector3d() : place - m_vertices.back();
+    annotation->close();
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbLeader::getGeomExtents(AcDbExtents& extents) const
 {
     extents = AcDbExtents();
-    for (const AcGePoint3d& vertex : m_vertices)
-        extents.addPoint(vertex);
+    CurvePieces pieces;
+    addOutline(pieces);
+    std::vector<AcGePoint3d> places = m_vertices;
+    for (const CurvePiece& piece : pieces)
+        AddSamples(piece, places);
+    for (const AcGePoint3d& place : places)
+        extents.addPoint(place);
     return m_vertices.empty() ? Acad::eInvalidExtents : Acad::eOk;
 }
 

@@ -17,14 +17,24 @@ public:
     bool hasHookLine() const { return m_hasHook != 0; }
     AcDbObjectId annotationObjId() const { return m_annotation; }
     Acad::ErrorStatus attachAnnotation(AcDbObjectId annotation);
+    Acad::ErrorStatus detachAnnotation();
+    // Takes the kind, the place and the hook of the annotation over.
+    Acad::ErrorStatus evaluateLeader();
+    Acad::ErrorStatus setToSplineLeader();
+    Acad::ErrorStatus setToStraightLeader();
+    Acad::ErrorStatus enableArrowHead();
+    Acad::ErrorStatus disableArrowHead();
     AcDbObjectId dimensionStyle() const { return m_style; }
+    Acad::ErrorStatus setDimensionStyle(AcDbObjectId style);
     AcGeVector3d normal() const { return m_normal; }
+    Acad::ErrorStatus setPlane(const AcGePlane& plane);
 
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     Acad::ErrorStatus getStartParam(double& parameter) const override;
     Acad::ErrorStatus getEndParam(double& parameter) const override;
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;

@@ -25,6 +25,14 @@ public:
     Acad::ErrorStatus getStartParam(double& parameter) const override;
     Acad::ErrorStatus getEndParam(double& parameter) const override;   // the length
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
+    using AcDbCurve::extend;
+    Acad::ErrorStatus extend(double newParameter) override;
+    Acad::ErrorStatus reverseCurve() override;
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
+    AcDbCurve* PartBetween(double from, double to) const override;
+
+protected:
+    Acad::ErrorStatus MakeOffset(double distance, std::vector<AcDbCurve*>& curves) const override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;

@@ -184,19 +184,40 @@ double AcDbMText::actualHeight() const
     return lines == 0 ? 0 : m_height * (1 + (lines - 1) * kLineStep * m_lineSpacing);
 }
 
-Acad::ErrorStatus AcDbMText::getGeomExtents(AcDbExtents& extents) const
+void AcDbMText::getBoundingPoints(AcGePoint3d corners[4]) const
 {
-    extents = AcDbExtents();
     const double width = actualWidth(), height = actualHeight();
     const int column = (std::clamp<int>(m_attachment, 1, 9) - 1) % 3;
     const int row = (std::clamp<int>(m_attachment, 1, 9) - 1) / 3;
     const AcGeVector3d along = direction().normal();
     const AcGeVector3d up = m_normal.crossProduct(along).normal();
     const AcGePoint3d corner = m_location - along * (width * column / 2) - up * (height * (2 - row) / 2);
-    for (const AcGePoint3d& each :
-         {corner, corner + along * width, corner + up * height, corner + along * width + up * height})
-        extents.addPoint(each);
+    corners[0] = corner + up * height;
+    corners[1] = corner + along * width + up * height;
+    corners[2] = corner;
+    corners[3] = corner + along * width;
+}
+
+Acad::ErrorStatus AcDbMText::getGeomExtents(AcDbExtents& extents) const
+{
+    extents = AcDbExtents();
+    AcGePoint3d corners[4];
+    getBoundingPoints(corners);
+    for (const AcGePoint3d& corner : corners)
+        extents.addPoint(corner);
     return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbMText::setFlowDirection(FlowDirection direction)
+{
+    if (direction != kLtoR && direction != kTtoB && direction != kByStyle)
+        return Acad::eInvalidInput;
+    return Assign(*this, m_flow, direction);
+}
+
+Acad::ErrorStatus AcDbMText::setLineSpacingFactor(double factor)
+{
+    return factor >= 0.25 && factor <= 4 ? Assign(*this, m_lineSpacing, factor) : Acad::eInvalidInput;
 }
 
 Acad::ErrorStatus AcDbMText::transformBy(const AcGeMatrix3d& transform)

@@ -57,6 +57,12 @@ public:
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
 
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;   // its box
+    Acad::ErrorStatus setFlowDirection(FlowDirection direction);
+    Acad::ErrorStatus setLineSpacingFactor(double factor);   // 0.25 to 4
+    // Top left, top right, bottom left, bottom right.
+    void getBoundingPoints(AcGePoint3d corners[4]) const;
+
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
 

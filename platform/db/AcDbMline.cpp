@@ -51,8 +51,11 @@ AcGePoint3d AcDbMline::vertexAt(int index) const
 Acad::ErrorStatus AcDbMline::getGeomExtents(AcDbExtents& extents) const
 {
     extents = AcDbExtents();
-    for (int index = 0; index < numVertices(); ++index)
-        extents.addPoint(vertexAt(index));
+    for (const AcGePoint3d& vertex : Vertices())
+        extents.addPoint(vertex);
+    for (int element = 0; element < m_elementCount; ++element)
+        for (const AcGePoint3d& place : ElementAt(element))
+            extents.addPoint(place);
     return extents.isEmpty() ? Acad::eInvalidExtents : Acad::eOk;
 }
 

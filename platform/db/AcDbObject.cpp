@@ -102,13 +102,32 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
     return OpenStub(id, mode, openErasedObject, object);
 }
 
+namespace {
+
+// Entities that watch the changed one. What is open already hears nothing.
+void TellReactors(const AcDbObject& changed, const Annex& annex)
+{
+    const std::vector<AcDbObjectId> reactors = annex.reactors;
+    for (const AcDbObjectId& id : reactors) {
+        AcDbEntity* reactor = nullptr;
+        if (acdbOpenObject(reactor, id, AcDb::kForWrite) != Acad::eOk)
+            continue;
+        reactor->modifiedGraphics(&changed);
+        reactor->close();
+    }
+}
+
+}   // namespace
+
 Acad::ErrorStatus AcDbObject::close()
 {
     if (m_stub == nullptr)
         return Acad::eNotOpenForRead;
+    bool tellsReactors = false;
     if (m_stub->writing) {
         if ((m_state & (kModified | kNewObject)) != 0)
             subClose();
+        tellsReactors = (m_state & kModified) != 0 && m_annex != nullptr && !m_annex->reactors.empty();
         m_state &= ~uint32_t(kModified | kNewObject | kEraseToggled);
         m_stub->writing = false;
     } else if (m_stub->readers > 0) {
@@ -119,6 +138,8 @@ Acad::ErrorStatus AcDbObject::close()
         return Acad::eNotOpenForRead;
     }
     --g_openObjects;
+    if (tellsReactors)
+        TellReactors(*this, *m_annex);
     return Acad::eOk;
 }
 

@@ -96,6 +96,9 @@ public:
     Acad::ErrorStatus assertWriteEnabled(bool autoUndo = true, bool recordModified = true);
     void assertNotifyEnabled() const {}
 
+    // Called on a persistent reactor when an object that it watches was changed and closed.
+    virtual void modifiedGraphics(const AcDbObject* object) {}
+
     // AcGiDrawable
     Adesk::Boolean isPersistent() const override { return m_stub != nullptr; }
     AcDbObjectId id() const override { return m_stub; }

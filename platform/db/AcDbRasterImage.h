@@ -29,6 +29,7 @@ public:
 
     bool isPlanar() const override { return true; }
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;   // the frame
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
 
 protected:

@@ -16,8 +16,11 @@ public:
     bool isPlanar() const override { return true; }
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
+    Acad::ErrorStatus reverseCurve() override;
+    AcDbCurve* PartBetween(double from, double to) const override;
 
 protected:
+    Acad::ErrorStatus MakeOffset(double distance, std::vector<AcDbCurve*>& curves) const override;
     EndlessLine() = default;
     static std::vector<Field> FieldList();
 
@@ -32,6 +35,7 @@ class AcDbRay : public KxPlat::EndlessLine {
 public:
     ACDB_DECLARE_MEMBERS(AcDbRay);
     Acad::ErrorStatus getStartParam(double& parameter) const override;
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
@@ -40,6 +44,7 @@ protected:
 class AcDbXline : public KxPlat::EndlessLine {
 public:
     ACDB_DECLARE_MEMBERS(AcDbXline);
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;

@@ -13,6 +13,14 @@ public:
                const AcGeDoubleArray& knots, const AcGeDoubleArray& weights, double controlPointTolerance = 0,
                double knotTolerance = 0);
 
+    // The curve through the points, `order` being its degree and one. It keeps the points; the tolerance is kept, too,
+    // though the curve misses none of them.
+    explicit AcDbSpline(const AcGePoint3dArray& fitPoints, int order = 4, double fitTolerance = 0.0);
+    AcDbSpline(const AcGePoint3dArray& fitPoints, const AcGeVector3d& startTangent, const AcGeVector3d& endTangent,
+               int order = 4, double fitTolerance = 0.0);
+    // A control polygon as geometry has it.
+    explicit AcDbSpline(const AcGeNurbCurve3d& curve);
+
     int degree() const { return m_degree; }
     bool isRational() const { return (m_flags & 4) != 0; }
     bool isPeriodic() const { return (m_flags & 2) != 0; }
@@ -37,11 +45,16 @@ public:
     Acad::ErrorStatus getPointAtParam(double parameter, AcGePoint3d& point) const override;
     // The curve as geometry; empty where the data do not fit together.
     AcGeNurbCurve3d curve() const;
+    Acad::ErrorStatus reverseCurve() override;
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
+    AcDbCurve* PartBetween(double from, double to) const override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
 
 private:
+    void TakeCurve(const AcGeNurbCurve3d& curve);
+
     friend class SplinePoints;
     friend class SplineWeights;
 

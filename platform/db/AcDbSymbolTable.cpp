@@ -41,7 +41,8 @@ namespace {
 // What the host never takes in a name; a bar only stands between an xref and its record.
 bool IsLegalName(const CString& name)
 {
-    return !name.IsEmpty() && name.FindOneOf(L"<>/\\\":;?*,=`|") < 0;
+    constexpr int kLongest = 255;
+    return !name.IsEmpty() && name.GetLength() <= kLongest && name.FindOneOf(L"<>/\\\":;?*,=`|") < 0;
 }
 
 }   // namespace
@@ -192,11 +193,18 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
         return Acad::eAlreadyInDb;
     if (record->nameText().IsEmpty())
         return Acad::eInvalidSymbolTableName;
-    if (has(record->nameText()))
+    const CString name = record->nameText();
+    const bool isUnnumbered = name.GetLength() == 2 && name[0] == L'*';
+    if (!isUnnumbered && has(name))
         return Acad::eDuplicateRecordName;
     const Acad::ErrorStatus status = assertWriteEnabled(false);
     if (status != Acad::eOk)
         return status;
+    while (isUnnumbered && (record->nameText() == name || has(record->nameText()))) {
+        CString numbered;
+        numbered.Format(L"%s%Ld", static_cast<const wchar_t*>(name), ++m_lastAnonymous);
+        record->takeName(numbered);
+    }
     id = CoreOf(*database()).Adopt(record, 0, objectId(), true);
     attach(id);
     return Acad::eOk;

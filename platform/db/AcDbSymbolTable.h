@@ -44,7 +44,8 @@ public:
     bool has(AcDbObjectId id) const;
     Acad::ErrorStatus newIterator(AcDbSymbolTableIterator*& iterator, bool atBeginning = true,
                                   bool skipDeleted = true) const;
-    // The table must be open for write. The record stays open for write and belongs to the database from then on.
+    // The table must be open for write. A block named by an asterisk and one letter gets a number behind it. The record
+    // stays open for write and belongs to the database from then on.
     Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
     Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record);
     virtual AcRxClass* recordClass() const = 0;
@@ -62,6 +63,7 @@ protected:
 private:
     std::vector<AcDbStub*> m_records;
     KxPlat::NameIndex m_index;
+    long m_lastAnonymous = 0;   // number given last to an anonymous block
 };
 
 namespace KxPlat {

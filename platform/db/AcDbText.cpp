@@ -174,19 +174,29 @@ double WidthOf(const CString& text, double height, double widthFactor)
 
 }   // namespace
 
-Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const
+void AcDbText::getBoundingPoints(AcGePoint3d corners[4]) const
 {
-    extents = AcDbExtents();
     const double width = WidthOf(m_text, m_height, m_widthFactor) * (isMirroredInX() ? -1 : 1);
     const double height = m_height * (isMirroredInY() ? -1 : 1);
     const AcGeVector3d along =
         AcGeVector3d::kXAxis * std::cos(rotation()) + AcGeVector3d::kYAxis * std::sin(rotation());
     const AcGeVector3d up(-along.y, along.x, 0);
     const AcGeVector3d slant = along * (std::tan(oblique()) * height);
-    AddFlatPoint(extents, m_position, m_normal, m_thickness);
-    AddFlatPoint(extents, m_position + along * width, m_normal, m_thickness);
-    AddFlatPoint(extents, m_position + up * height + slant, m_normal, m_thickness);
-    AddFlatPoint(extents, m_position + along * width + up * height + slant, m_normal, m_thickness);
+    const AcGePoint3d flat[] = {m_position, m_position + along * width,
+                                m_position + along * width + up * height + slant, m_position + up * height + slant};
+    for (int index = 0; index < 4; ++index)
+        corners[index] = EntityToWorld(flat[index], m_normal);
+}
+
+Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const
+{
+    extents = AcDbExtents();
+    AcGePoint3d corners[4];
+    getBoundingPoints(corners);
+    for (const AcGePoint3d& corner : corners) {
+        extents.addPoint(corner);
+        extents.addPoint(corner + m_normal * m_thickness);
+    }
     return Acad::eOk;
 }
 

@@ -51,6 +51,10 @@ public:
     // Moves the position to where the justification puts it. Called by setters of text, style and size.
     virtual Acad::ErrorStatus adjustAlignment(const AcDbDatabase* database = nullptr);
 
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;   // its box
+    // The corners of the box around what is drawn, from the start of the base line on, in world axes.
+    void getBoundingPoints(AcGePoint3d corners[4]) const;
+
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
     // The section that texts and attributes share; texts keep the vertical mode in a section of its own.

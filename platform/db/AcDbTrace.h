@@ -21,6 +21,7 @@ public:
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     Acad::ErrorStatus getEcs(AcGeMatrix3d& ecs) const override;
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;

@@ -124,6 +124,14 @@ Acad::ErrorStatus AcDb2dVertex::setBulge(double bulge)
     return Assign(*this, m_bulge, bulge);
 }
 
+Acad::ErrorStatus AcDb2dVertex::setTangent(double angle)
+{
+    const Acad::ErrorStatus status = Assign(*this, m_tangent, Degrees(angle));
+    if (status == Acad::eOk)
+        Mark(2);
+    return status;
+}
+
 double AcDb2dVertex::tangent() const
 {
     return Radians(m_tangent);

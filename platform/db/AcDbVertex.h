@@ -27,6 +27,8 @@ public:
     AcDb2dVertex() = default;
     explicit AcDb2dVertex(const AcGePoint3d& position, double bulge = 0, double startWidth = 0, double endWidth = 0,
                           double tangent = 0);
+    // Of a curve-fit vertex, radians.
+    Acad::ErrorStatus setTangent(double angle);
 
     AcDb::Vertex2dType vertexType() const;
     double startWidth() const { return m_startWidth; }
@@ -40,6 +42,7 @@ public:
 
 private:
     friend class AcDb2dPolyline;
+    void Mark(int bits) { m_flags = int16_t(m_flags | bits); }
     double m_startWidth = 0;
     double m_endWidth = 0;
     double m_bulge = 0;
@@ -53,6 +56,10 @@ public:
     AcDb3dPolylineVertex() : AcDbVertex(32) {}
     explicit AcDb3dPolylineVertex(const AcGePoint3d& position) : AcDbVertex(position, 32) {}
     AcDb::Vertex3dType vertexType() const;
+
+private:
+    friend class AcDb3dPolyline;
+    void Mark(int bits) { m_flags = int16_t(m_flags | bits); }
 };
 
 class AcDbPolygonMeshVertex : public AcDbVertex {

@@ -45,6 +45,7 @@ public:
 
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
+    bool addOutline(KxPlat::CurvePieces& pieces) const override;   // the frame on the sheet
 
 protected:
     Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;

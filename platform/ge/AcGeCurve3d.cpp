@@ -99,35 +99,55 @@ AcGePoint3d AcGeCurve3d::evalPoint(double parameter, int count, AcGeVector3dArra
     return evalPoint(parameter);
 }
 
-double AcGeCurve3d::length(double from, double to) const
+std::vector<double> AcGeCurve3d::breaks() const
 {
-    // Parts as even as the curve wants them keep each integral smooth.
     AcGeInterval interval;
     getInterval(interval);
-    const double share = interval.length() > 0.0 ? std::fabs(to - from) / interval.length() : 0.0;
-    const int parts = std::max(1, int(std::ceil(std::min(share, 1.0) * steps() / 4.0)));
+    constexpr int kParts = 4;
+    std::vector<double> places;
+    for (int part = 0; part <= kParts; ++part)
+        places.push_back(interval.lowerBound() + interval.length() * part / kParts);
+    return places;
+}
+
+double AcGeCurve3d::length(double from, double to) const
+{
+    const double lower = std::min(from, to), upper = std::max(from, to);
+    const std::vector<double> places = breaks();
     double sum = 0.0;
-    for (int part = 0; part < parts; ++part) {
-        const double lower = from + (to - from) * part / parts;
-        const double upper = from + (to - from) * (part + 1) / parts;
-        sum += RefinedLength(*this, lower, upper, GaussLength(*this, lower, upper), kLengthDepth);
+    for (size_t part = 0; part + 1 < places.size(); ++part) {
+        const double start = std::max(lower, places[part]), end = std::min(upper, places[part + 1]);
+        if (start < end)
+            sum += RefinedLength(*this, start, end, GaussLength(*this, start, end), kLengthDepth);
     }
-    return std::fabs(sum);
+    return sum;
 }
 
 double AcGeCurve3d::paramAtLength(double datum, double wanted) const
 {
-    AcGeInterval interval;
-    getInterval(interval);
-    double lower = wanted < 0.0 ? interval.lowerBound() : datum;
-    double upper = wanted < 0.0 ? datum : interval.upperBound();
-    double parameter = (lower + upper) / 2.0;
-    for (int round = 0; round < 200; ++round) {
-        const double off = length(datum, parameter) * (parameter < datum ? -1.0 : 1.0) - wanted;
+    // Smooth parts that the length passes over whole, then steps within the one where it ends.
+    std::vector<double> places = breaks();
+    const double sign = wanted < 0.0 ? -1.0 : 1.0;
+    if (sign < 0.0)
+        std::reverse(places.begin(), places.end());
+    double rest = std::fabs(wanted), from = datum, to = datum;
+    for (const double place : places) {
+        if ((place - from) * sign <= 0.0)
+            continue;
+        to = place;
+        const double part = length(from, to);
+        if (part >= rest)
+            break;
+        rest -= part;
+        from = to;
+    }
+    double lower = std::min(from, to), upper = std::max(from, to), parameter = (lower + upper) / 2.0;
+    for (int round = 0; round < 100 && from != to; ++round) {
+        const double off = (length(from, parameter) - rest) * sign;
         (off > 0.0 ? upper : lower) = parameter;
         const double speed = derivativesAt(parameter).first.length();
         double next = speed > 0.0 ? parameter - off / speed : parameter;
-        if (!(next > lower && next < upper))
+        if (!(next >= lower && next <= upper))
             next = (lower + upper) / 2.0;
         if (std::fabs(next - parameter) <= 1.0e-15 * (1.0 + std::fabs(parameter)))
             return next;

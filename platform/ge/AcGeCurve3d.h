@@ -2,6 +2,7 @@
 #pragma once
 #include "AcGeMatrix3d.h"
 #include "AcGePoint3dArray.h"
+#include <vector>
 
 class AcGeInterval {
 public:
@@ -54,6 +55,8 @@ public:
     virtual Derivatives derivativesAt(double parameter) const;
     // How many even parts of the interval a curve needs for each part to turn by no more than a small angle.
     virtual int steps() const { return 64; }
+    // Parameters between which the curve is smooth, both ends of the interval among them.
+    virtual std::vector<double> breaks() const;
 
 protected:
     AcGeCurve3d() = default;

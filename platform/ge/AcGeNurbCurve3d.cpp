@@ -85,6 +85,15 @@ AcGeCurve3d::Derivatives AcGeNurbCurve3d::derivativesAt(double parameter) const
     return {first, (twice.point - first * (2.0 * once.weight) - place * twice.weight) / weight};
 }
 
+std::vector<double> AcGeNurbCurve3d::breaks() const
+{
+    std::vector<double> places;
+    for (int index = m_degree; index <= m_points.length() && index < m_knots.length(); ++index)
+        if (places.empty() || m_knots[index] > places.back())
+            places.push_back(m_knots[index]);
+    return places;
+}
+
 AcGeNurbCurve3d& AcGeNurbCurve3d::transformBy(const AcGeMatrix3d& matrix)
 {
     for (AcGePoint3d& point : m_points)

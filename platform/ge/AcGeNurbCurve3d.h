@@ -38,6 +38,7 @@ public:
     AcGePoint3d evalPoint(double parameter) const override;
     Derivatives derivativesAt(double parameter) const override;
     AcGeNurbCurve3d& transformBy(const AcGeMatrix3d& matrix) override;
+    std::vector<double> breaks() const override;
     int steps() const override { return 16 * (m_points.length() > 0 ? m_points.length() - m_degree : 1); }
 
 private:

@@ -53,6 +53,11 @@ void OwnedParts::CopyOf(const OwnedParts& other)
         copy(part);
 }
 
+const AcDbEntity* OwnedParts::Live(const AcDbStub* stub)
+{
+    return stub->erased ? nullptr : AcDbEntity::cast(stub->object);
+}
+
 Acad::ErrorStatus OwnedParts::Insert(AcDbEntity& owner, AcDbEntity* part, AcDbObjectId after, AcDbObjectId& id)
 {
     id.setNull();

@@ -14,6 +14,16 @@ public:
 
     // In file order, the end mark last where there is one.
     const std::vector<AcDbStub*>& stubs() const { return m_stubs; }
+    // Calls `visit` with each live part, those that wait among them.
+    template <class Visitor>
+    void ForEach(Visitor visit) const
+    {
+        for (const AcDbStub* stub : m_stubs)
+            if (const AcDbEntity* part = Live(stub))
+                visit(*part);
+        for (const AcDbEntity* part : m_waiting)
+            visit(*part);
+    }
     // Those that wait for the owner to join a database.
     const std::vector<AcDbEntity*>& waiting() const { return m_waiting; }
     // From a file, or from whoever copies the parts by himself: copies that wait are no longer wanted.
@@ -27,6 +37,7 @@ public:
     void Adopt(AcDbEntity& owner, DbCore& core);
 
 private:
+    static const AcDbEntity* Live(const AcDbStub* stub);
     void Complete(AcDbEntity& owner, DbCore& core);
     void DropWaiting();
 

@@ -10,6 +10,7 @@
 #include "../AcDbMline.h"
 #include "../AcDbViewport.h"
 #include "../core/DbCore.h"
+#include "../dims/DimPicture.h"
 #include "Drawing.h"
 #include <algorithm>
 #include <memory>
@@ -58,7 +59,15 @@ Adesk::Boolean AcDbBlockReference::subWorldDraw(AcGiWorldDraw* worldDraw)
 // The picture of a dimension lies in world axes.
 Adesk::Boolean AcDbDimension::subWorldDraw(AcGiWorldDraw* worldDraw)
 {
-    DrawBlock(*worldDraw, m_block, AcGeMatrix3d::kIdentity);
+    if (!m_block.isNull()) {
+        DrawBlock(*worldDraw, m_block, AcGeMatrix3d::kIdentity);
+        return Adesk::kTrue;
+    }
+    // One that is not in a drawing yet has no block to show.
+    DimPicture picture(*this, AcDbObjectId());
+    Picture(picture);
+    for (const std::unique_ptr<AcDbEntity>& part : picture.entities())
+        worldDraw->geometry().draw(part.get());
     return Adesk::kTrue;
 }
 

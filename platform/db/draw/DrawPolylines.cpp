@@ -88,12 +88,8 @@ Adesk::Boolean AcDbPolyFaceMesh::subWorldDraw(AcGiWorldDraw* worldDraw)
 {
     AcArray<AcGePoint3d> places;
     Places(places);
-    const std::unique_ptr<AcDbObjectIterator> parts(vertexIterator());
-    for (; !parts->done(); parts->step()) {
-        AcDbEntity* part = nullptr;
-        if (acdbOpenAcDbEntity(part, parts->objectId(), AcDb::kForRead) != Acad::eOk)
-            continue;
-        if (const AcDbFaceRecord* face = AcDbFaceRecord::cast(part)) {
+    m_parts.ForEach([&](const AcDbEntity& part) {
+        if (const AcDbFaceRecord* face = AcDbFaceRecord::cast(&part)) {
             std::vector<AcGePoint3d> corners;
             for (Adesk::UInt16 corner = 0; corner < 4; ++corner) {
                 Adesk::Int16 number = 0;
@@ -104,7 +100,6 @@ Adesk::Boolean AcDbPolyFaceMesh::subWorldDraw(AcGiWorldDraw* worldDraw)
             }
             worldDraw->geometry().polygon(Adesk::UInt32(corners.size()), corners.data());
         }
-        part->close();
-    }
+    });
     return Adesk::kTrue;
 }
