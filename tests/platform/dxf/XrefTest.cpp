@@ -306,8 +306,7 @@ TEST_F(Xrefs, DetachingLeavesNothingBehind)
     ASSERT_EQ(acdbDetachXref(db.get(), AcDbObjectId(Record(*db, TableKind::Block, L"b"))), Acad::eOk);
     for (size_t kind = 0; kind < kTableCount; ++kind)
         for (const AcDbStub* stub : CoreOf(*db).Table(TableKind(kind))->records())
-            EXPECT_TRUE(stub->erased ||
-                        static_cast<AcDbSymbolTableRecord*>(stub->object)->nameText().Find(L'|') < 0);
+            EXPECT_TRUE(stub->erased || static_cast<AcDbSymbolTableRecord*>(stub->object)->nameText().Find(L'|') < 0);
     EXPECT_EQ(Record(*db, TableKind::Block, L"b"), nullptr);
     EXPECT_EQ(Record(*db, TableKind::Block, L"c"), nullptr);
     EXPECT_EQ(LiveEntities(*db, ACDB_MODEL_SPACE), 3u);
