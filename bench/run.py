@@ -61,6 +61,22 @@ def print_utilities(program, only):
         print(f"{what:<52}{shown}  {speeds[1] / speeds[0]:.1f}" if None not in speeds else f"{what:<52}{shown}")
 
 
+def print_toolkit(program, folder, only):
+    """What the library's classes cost, beside the same work on plain structs."""
+    rows = measured(program, folder, only)
+    table = [("set and get one value of extended data", "XDataValue", "BareValue", 500),
+             ("extended data to an object and back", "XDataOfObject", "BareRecord", None),
+             ("make and read an extended record", "XRecordOfObject", "BareRecord", 1000),
+             ("clone an entity to another drawing", "CloneAcross", "BareCopy", 1500)]
+    print(f"\n{'what':<52}{'ns':>10}{'goal':>8}{'bare':>8}  times slower")
+    for what, name, bare, goal in table:
+        own, plain = (rows[row]["cpu_time"] if row in rows else None for row in (name, bare))
+        if own is None or plain is None:
+            continue
+        verdict = "   missed" if goal is not None and own > goal else ""
+        print(f"{what:<52}{own:>10.0f}{goal if goal is not None else '-':>8}{plain:>8.0f}  {own / plain:.1f}{verdict}")
+
+
 def main():
     options = argparse.ArgumentParser(description=__doc__)
     options.add_argument("--build", type=Path, required=True)
@@ -111,6 +127,7 @@ def main():
         verdict = "" if value is None or value <= goal else "   missed"
         print(f"{what:<52}{'-' if value is None else format(value, '.2f'):>10}{goal:>8.2f}  {unit}{verdict}")
     print_utilities(programs / "kx_bench_utilities", options.only)
+    print_toolkit(programs / "kx_bench_toolkit", folder, options.only)
 
 
 if __name__ == "__main__":
