@@ -201,6 +201,16 @@ bool CKxAcDb::IsHasSymbolTabRec(AcRxClass* cls, const wchar_t* name)
     return es == Acad::eOk && Opened<AcDbSymbolTable>(opened, es)->has(name);
 }
 
+bool CKxAcDb::FindRec(const wchar_t* name, AcRxClass* cls, AcDbObjectId& id)
+{
+    id.setNull();
+    AcDbSymbolTable* opened = nullptr;
+    if (name == nullptr || GetAcDb() == nullptr)
+        return false;
+    const Acad::ErrorStatus es = OpenSymbolTable(cls, opened, AcDb::kForRead);
+    return es == Acad::eOk && Opened<AcDbSymbolTable>(opened, es)->getAt(name, id) == Acad::eOk;
+}
+
 bool CKxAcDb::IsHasLayer(const wchar_t* name)
 {
     return IsHasSymbolTabRec(AcDbLayerTable::desc(), name);

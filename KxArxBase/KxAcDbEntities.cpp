@@ -166,10 +166,13 @@ Acad::ErrorStatus CKxAcDb::SetEntityProperty(AcDbEntity* ent, const int* color, 
     };
     if (color != nullptr)
         keep(ent->setColorIndex(Adesk::UInt16(*color)));
+    // Names are looked up here, since a new entity belongs to no database yet.
+    AcDbObjectId record;
     if (layer != nullptr)
-        keep(ent->setLayer(layer));
+        keep(FindRec(layer, AcDbLayerTableRecord::desc(), record) ? ent->setLayer(record) : Acad::eKeyNotFound);
     if (linetype != nullptr)
-        keep(ent->setLinetype(linetype));
+        keep(FindRec(linetype, AcDbLinetypeTableRecord::desc(), record) ? ent->setLinetype(record)
+                                                                        : Acad::eKeyNotFound);
     if (visible != nullptr)
         keep(ent->setVisibility(*visible ? AcDb::kVisible : AcDb::kInvisible));
     return result;

@@ -64,7 +64,9 @@ def print_utilities(program, only):
 def print_toolkit(program, folder, only):
     """What the library's classes cost, beside the same work on plain structs."""
     rows = measured(program, folder, only)
-    table = [("set and get one value of extended data", "XDataValue", "BareValue", 500),
+    table = [("create and append a line", "AppendLine", "PlainAppend", 200),
+             ("the same by one call of the toolkit", "ToolkitLine", "PlainAppend", None),
+             ("set and get one value of extended data", "XDataValue", "BareValue", 500),
              ("extended data to an object and back", "XDataOfObject", "BareRecord", None),
              ("make and read an extended record", "XRecordOfObject", "BareRecord", 1000),
              ("clone an entity to another drawing", "CloneAcross", "BareCopy", 1500)]

@@ -25,7 +25,7 @@ install(CODE "
   endforeach()")
 
 # The umbrella of a library: every public header of its folder. Those that its own sources share stay at home.
-set(KX_PRIVATE_HEADERS KxArxBase/ArxReferenceState.h KxArxBase/ResBufList.h)
+set(KX_PRIVATE_HEADERS KxArxBase/ArxReferenceState.h KxArxBase/Finite.h KxArxBase/ResBufList.h)
 function(kx_install_headers library)
   file(GLOB all RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${library}/*.h)
   list(REMOVE_ITEM all ${KX_PRIVATE_HEADERS})
