@@ -33,13 +33,19 @@ public:
     {
         m_before.resize(32768);
         m_before.resize(GetEnvironmentVariableW(m_name.c_str(), m_before.data(), DWORD(m_before.size())));
-        SetEnvironmentVariableW(m_name.c_str(), DriveForm(value).c_str());
+        Set(DriveForm(value));
     }
-    ~Variable() { SetEnvironmentVariableW(m_name.c_str(), m_before.empty() ? nullptr : m_before.c_str()); }
+    ~Variable() { Set(m_before); }
     Variable(const Variable&) = delete;
     Variable& operator=(const Variable&) = delete;
 
 private:
+    // For the system and for the C runtime, which keeps a copy.
+    void Set(const std::wstring& value) const
+    {
+        SetEnvironmentVariableW(m_name.c_str(), value.empty() ? nullptr : value.c_str());
+        _wputenv((m_name + L"=" + value).c_str());
+    }
     std::wstring m_name, m_before;
 };
 

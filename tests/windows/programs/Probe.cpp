@@ -1,5 +1,0 @@
-// A module with nothing in it.
-extern "C" __declspec(dllexport) int probe()
-{
-    return 1;
-}
