@@ -149,8 +149,14 @@ std::wstring Length(double value, int units, int digits, int zeros)
 {
     const double feet = std::floor(value / 12), inches = value - feet * 12;
     switch (units) {
-    case kScientific:
-        return Formatted(L"%.*E", digits, value);
+    case kScientific: {
+        // Two digits of exponent are enough where they hold it.
+        std::wstring text = Formatted(L"%.*E", digits, value);
+        const size_t exponent = text.find(L'E') + 2;
+        if (text.size() - exponent == 3 && text[exponent] == L'0')
+            text.erase(exponent, 1);
+        return text;
+    }
     case kEngineering:
         return Formatted(L"%.0f'-%s\"", feet, Decimal(inches, digits, 0).c_str());
     case kArchitectural:
