@@ -118,7 +118,7 @@ def main():
         ("HidePickObjectLayer over all objects", "walks", 0.2, ratio("HidePickObjectLayer", "Walk")),
         ("HidePickObject over all objects", "walks", 0.3, ratio("HidePickObject", "Walk")),
         ("ShowAllObject over all objects", "walks", 0.3, ratio("ShowAllObject", "Walk")),
-        (f"-PURGE of {MANY_LAYERS} layers and blocks / of a tenth", "times", 12.0, ratio("Purge", "PurgeTenth")),
+        (f"-PURGE of {MANY_LAYERS} layers and blocks / of a tenth", "times", 20.0, ratio("Purge", "PurgeTenth")),
         (f"ShowAllLayer over {MANY_LAYERS} layers", "walks", 0.05, ratio("ShowAllLayer", "Walk")),
         ("open and close one object by id", "ns", 20.0, rows.get("OpenCloseById", {}).get("each_ns")),
     ]

@@ -4,6 +4,7 @@
 #include "AcDbDatabase.h"
 #include "AcDbVertex.h"
 #include "core/DbCore.h"
+#include "core/EraseUnused.h"
 #include "core/ObjectAccess.h"
 #include <algorithm>
 #include <set>
@@ -380,7 +381,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::subErase(bool erasing)
     const Acad::ErrorStatus status = AcDbSymbolTableRecord::subErase(erasing);
     if (status != Acad::eOk)
         return status;
-    if (erasing) {
+    if (erasing && (ObjectAccess::State(*this) & kKnownUnused) == 0) {
         AcDbObjectIdArray references;
         getBlockReferenceIds(references);
         if (references.length() > 0)

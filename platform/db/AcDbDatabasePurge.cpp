@@ -4,6 +4,7 @@
 #include "AcDbDictionary.h"
 #include "AcDbEntity.h"
 #include "core/DbCore.h"
+#include "core/EraseUnused.h"
 #include "core/ObjectAccess.h"
 #include <unordered_map>
 #include <unordered_set>
@@ -104,6 +105,14 @@ Acad::ErrorStatus AcDbDatabase::purge(AcDbObjectIdArray& ids)
             kept.append(ids.at(i));
     ids = kept;
     return Acad::eOk;
+}
+
+Acad::ErrorStatus KxPlat::EraseUnused(AcDbObject& object)
+{
+    ObjectAccess::State(object) |= kKnownUnused;
+    const Acad::ErrorStatus status = object.erase();
+    ObjectAccess::State(object) &= ~kKnownUnused;
+    return status;
 }
 
 Acad::ErrorStatus AcDbDatabase::countHardReferences(const AcDbObjectIdArray& ids, Adesk::UInt32* counts)

@@ -6,6 +6,7 @@
 #include "../../db/AcDbLinetypeTableRecord.h"
 #include "../../db/AcDbTextStyleTableRecord.h"
 #include "../../db/core/DbCore.h"
+#include "../../db/core/EraseUnused.h"
 #include "../../db/core/Wildcard.h"
 #include "../acedads.h"
 #include "HostCommands.h"
@@ -154,7 +155,7 @@ bool Purge::Delete(const PurgeKind& kind, const Named& one)
     AcDbObject* object = nullptr;
     if (acdbOpenObject(object, one.id, AcDb::kForWrite) != Acad::eOk)
         return false;
-    const Acad::ErrorStatus status = object->erase();
+    const Acad::ErrorStatus status = EraseUnused(*object);
     object->close();
     if (status == Acad::eOk)
         acutPrintf(L"\nDeleting %s \"%s\".", kind.singular, static_cast<const wchar_t*>(one.name));
