@@ -26,8 +26,8 @@ protected:
 
 TEST_F(BadInput, NamesThatNoFileHas)
 {
-    const std::wstring names[] = {L"",      L"none\\x", L"\\\\",  L"\\\\?\\",       L":",  L"a:b:c", L"Q:",
-                                  L"Q:\\x", L"*",       L"C:\\|", L"C:\\" + m_long, m_long};
+    const std::wstring names[] = {L"",      L"none\\x", L"\\\\none\\share", L"\\\\?\\",       L":",  L"a:b:c", L"Q:",
+                                  L"Q:\\x", L"*",       L"C:\\|",           L"C:\\" + m_long, m_long};
     for (const std::wstring& name : names) {
         SCOPED_TRACE(testing::PrintToString(name.substr(0, 20)));
         CFileVersion version;
