@@ -1,6 +1,7 @@
 #include "AcDbXrecord.h"
 #include "core/GroupListField.h"
 #include "core/GroupResbuf.h"
+#include "core/ObjectAccess.h"
 
 using namespace KxPlat;
 
@@ -31,7 +32,12 @@ Acad::ErrorStatus AcDbXrecord::rbChain(resbuf** chain, AcDbDatabase*) const
 {
     if (chain == nullptr)
         return Acad::eInvalidInput;
-    *chain = ChainOf(m_groups);
+    // Where values from 1000 on begin, a text file cannot tell a record's data from its extended data: it is all data.
+    const Annex* annex = ObjectAccess::Find(*this);
+    GroupList groups = m_groups;
+    if (annex != nullptr)
+        groups.insert(groups.end(), annex->xData.begin(), annex->xData.end());
+    *chain = ChainOf(groups);
     return Acad::eOk;
 }
 
@@ -43,9 +49,12 @@ Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase*
     if (read != Acad::eOk)
         return read;
     const Acad::ErrorStatus status = assertWriteEnabled();
-    if (status == Acad::eOk)
-        m_groups = std::move(groups);
-    return status;
+    if (status != Acad::eOk)
+        return status;
+    m_groups = std::move(groups);
+    if (hasXData())
+        ObjectAccess::Make(*this).xData.clear();
+    return Acad::eOk;
 }
 
 void AcDbXrecord::setMergeStyle(AcDb::DuplicateRecordCloning style)

@@ -5,6 +5,7 @@
 #include "KxArxBase/Opened.h"
 #include "KxArxBase/ResBufChain.h"
 #include "rx/ResBufs.h"
+#include "support/TempFolder.h"
 #include "TestUi.h"
 #include <cmath>
 #include <gtest/gtest.h>
@@ -366,6 +367,56 @@ TEST_F(KxAcXDataTest, ADeletedRecordHoldsTheNameAlone)
     EXPECT_EQ(Status(back.GetXData(line)), 51);
     EXPECT_EQ(Status(back.RemoveXRecord(line)), 51);
     EXPECT_EQ(Status(back.GetXData(line)), 22);
+}
+
+TEST_F(KxAcXDataTest, EverythingComesBackFromAFile)
+{
+    const std::wstring text(600, L'墙');
+    CKxAcXData data(L"Tagger");
+    CKxAcXRecord record(L"Keeper");
+    for (CKxAcXDataList* list : {static_cast<CKxAcXDataList*>(&data), static_cast<CKxAcXDataList*>(&record)}) {
+        list->SetString(1, text.c_str());
+        list->SetLong(2, 2);
+        list->SetPosition3d(3, AcGePoint3d(1, 2, 3));
+        list->SetHandle(4, AcDbHandle(uint64_t(0x1F)));
+        list->SetReal(5, 0.1);
+    }
+    ASSERT_EQ(data.SetXData(line), Acad::eOk);
+    ASSERT_EQ(record.SetXData(line), Acad::eOk);
+    const KxTest::TempFolder folder;
+    const std::wstring path = folder.DrivePath(L"tagged.dxf");
+    ASSERT_EQ(drawing.saveAs(path.c_str()), Acad::eOk);
+
+    AcDbDatabase read(false, true);
+    ASSERT_EQ(read.readDwgFile(path.c_str()), Acad::eOk);
+    AcDbObjectId there;
+    ASSERT_EQ(read.getAcDbObjectId(there, false, line.handle()), Acad::eOk);
+    CKxAcXData dataBack(L"Tagger");
+    CKxAcXRecord recordBack(L"");
+    ASSERT_EQ(dataBack.GetXData(there), Acad::eOk);
+    ASSERT_EQ(recordBack.GetXData(there), Acad::eOk);
+    for (const CKxAcXDataList* list :
+         {static_cast<const CKxAcXDataList*>(&dataBack), static_cast<const CKxAcXDataList*>(&recordBack)}) {
+        EXPECT_EQ(TextAt(*list, 1), text);
+        long number = 0;
+        EXPECT_TRUE(list->GetLong(2, number));
+        AcGePoint3d place;
+        EXPECT_TRUE(list->GetPosition3d(3, place));
+        EXPECT_TRUE(place.isEqualTo(AcGePoint3d(1, 2, 3)));
+        AcDbHandle handle;
+        EXPECT_TRUE(list->GetHandle(4, handle));
+        EXPECT_EQ(uint64_t(handle), 0x1Fu);
+        double real = 0;
+        EXPECT_TRUE(list->GetReal(5, real));
+        EXPECT_EQ(real, 0.1);
+    }
+    // Written again the record holds the new values alone.
+    recordBack.Clear();
+    recordBack.SetLong(9, 9);
+    ASSERT_EQ(recordBack.SetXData(there), Acad::eOk);
+    ASSERT_EQ(recordBack.GetXData(there), Acad::eOk);
+    EXPECT_FALSE(recordBack.IsExistTag(2));
+    EXPECT_TRUE(recordBack.IsExistTag(9));
 }
 
 TEST_F(KxAcXDataTest, CopiesShareOneList)
