@@ -25,7 +25,4 @@ std::string FirstBytes(const DwgSections& kind, uint64_t previewAddress);
 // Addresses of pictures in a preview count from the file's first byte; kept, they count from the preview.
 std::string MovedPreview(std::string_view preview, int64_t by);
 
-// What stands before the first object.
-inline constexpr uint32_t kObjectsMark = 0x0DCA;
-
 }   // namespace KxPlat

@@ -44,6 +44,9 @@ inline constexpr std::string_view kAppHistorySection = "AcDb:AppInfoHistory";
 inline constexpr std::string_view kFileListSection = "AcDb:FileDepList";
 inline constexpr std::string_view kPrototypeSection = "AcDb:AcDsPrototype_1b";
 
+// What stands before the first object.
+inline constexpr uint32_t kObjectsMark = 0x0DCA;
+
 struct DwgSections {
     AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT;
     uint8_t maintenance = 0;          // byte 0x0B

@@ -4,6 +4,7 @@
 #include "Container.h"
 #include "PageCoding.h"
 #include "PageLayout.h"
+#include "Sentinels.h"
 #include <algorithm>
 #include <map>
 #include <unordered_map>
@@ -46,6 +47,8 @@ private:
     void ReadSectionMap(std::string_view map);
     bool FindSystemPage(uint32_t type, std::string& content);
     void FindDataPages();
+    std::string_view NameByContents(const SectionRow& row);
+    bool MakeRowsOfPages();
     bool IsPageOf(const SectionRow& row, const PageOfSection& page, uint64_t address) const;
     uint64_t AddressOf(const SectionRow& row, const PageOfSection& page);
     std::string_view StoredBytes(const DataHead& head, uint64_t address) const;
@@ -207,6 +210,44 @@ bool PageReader::AppendPage(const SectionRow& row, const PageOfSection& page, st
     return isRead;
 }
 
+// Sections that begin with a mark of their own.
+std::string_view PageReader::NameByContents(const SectionRow& row)
+{
+    std::string start;
+    const uint64_t left = m_left;
+    AppendPage(row, row.pages[0], start);
+    m_left = left;
+    if (start.starts_with(BeginMark(kHeaderMark)))
+        return kHeaderSection;
+    if (start.starts_with(BeginMark(kClassesMark)))
+        return kClassesSection;
+    return ByteWalk(start).Long() == kObjectsMark ? kObjectsSection : std::string_view();
+}
+
+// The maps stand at the end of the file, which is the first to go when it is cut. The pages themselves tell which of
+// them belong together.
+bool PageReader::MakeRowsOfPages()
+{
+    FindDataPages();
+    for (const auto& [key, address] : m_found) {
+        const auto& [id, offset] = key;
+        if (m_rows.empty() || m_rows.back().id != id) {
+            m_rows.emplace_back();
+            m_rows.back().id = id;
+            m_rows.back().pageSize = kUsualPageSize;
+            m_rows.back().isCoded = true;
+        }
+        m_rows.back().pages.push_back({0, ReadDataHead(m_file, address).storedSize, offset});
+        m_rows.back().size = offset + kUsualPageSize;
+    }
+    bool hasObjects = false;
+    for (SectionRow& row : m_rows) {
+        row.name = NameByContents(row);
+        hasObjects = hasObjects || row.name == kObjectsSection;
+    }
+    return hasObjects;
+}
+
 void PageReader::ReadSection(const SectionRow& row)
 {
     if (row.isEncrypted) {
@@ -253,8 +294,11 @@ bool PageReader::Read()
         m_report.Mend("the map of sections is not in its place");
         ReadSectionMap(map);
     } else {
-        m_report.Fail("the map of sections is lost");
-        return false;
+        m_report.Mend("the map of sections is lost");
+        if (!MakeRowsOfPages()) {
+            m_report.Fail("the map of sections is lost, and so are the objects");
+            return false;
+        }
     }
     for (const SectionRow& row : m_rows)
         if (!row.name.empty())
