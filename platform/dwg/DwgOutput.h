@@ -27,11 +27,15 @@ public:
     std::unordered_set<const AcDbStub*> dropped;        // live, but not in this file
     std::unordered_map<std::string, const AcDbStub*> books;   // colours of colour books by their names
 
-    bool IsLive(const AcDbStub* stub) const { return stub != nullptr && stub->object != nullptr && !stub->erased; }
+    // There, and to be saved: the contents of xrefs are read anew from their own files.
+    bool IsLive(const AcDbStub* stub) const
+    {
+        return stub != nullptr && stub->object != nullptr && !stub->erased && !stub->fromXref;
+    }
     // 0 for what the file will not hold. A handle that nothing ever had stays as it is.
     uint64_t HandleOf(const AcDbStub* stub) const
     {
-        if (stub == nullptr || stub->erased || (!dropped.empty() && dropped.count(stub) != 0))
+        if (stub == nullptr || stub->erased || stub->fromXref || (!dropped.empty() && dropped.count(stub) != 0))
             return 0;
         return stub->handle;
     }
