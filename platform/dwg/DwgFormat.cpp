@@ -51,7 +51,8 @@ Acad::ErrorStatus Write(AcDbDatabase& database, const wchar_t* path, AcDb::AcDbD
 
 bool IsDwg(std::string_view firstBytes)
 {
-    return firstBytes.starts_with("AC1") && firstBytes.find_first_of("\r\n") == firstBytes.npos;
+    const std::string_view version = firstBytes.substr(0, 6);
+    return version.size() == 6 && version.starts_with("AC1") && version.find_first_of("\r\n") == version.npos;
 }
 
 const bool g_isEntered = [] {
