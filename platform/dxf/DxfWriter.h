@@ -15,7 +15,6 @@ struct DxfOutput {
 
 // 0 or the system's error number.
 // `dropped` counts the objects that only a DWG file can hold.
-int WriteDxf(AcDbDatabase& database, const std::string& hostPath, const DxfOutput& output,
-             uint64_t* dropped = nullptr);
+int WriteDxf(AcDbDatabase& database, const std::string& hostPath, const DxfOutput& output, uint64_t* dropped = nullptr);
 
 }   // namespace KxPlat
