@@ -64,6 +64,7 @@ def of_dxf(path):
 def plain(texts):
     """Readers differ in escapes and in what they take for a blank: letters and digits are what must agree."""
     whole = (re.sub(r"\\U\+([0-9A-Fa-f]{4})", lambda found: chr(int(found[1], 16)), text) for text in texts.elements())
+    whole = (re.sub(r"\^[@-_]", " ", text) for text in whole)   # a tab and the like, as DXF files spell them
     return Counter(filter(None, ("".join(letter for letter in text if letter.isalnum()) for text in whole)))
 
 
