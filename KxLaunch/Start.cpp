@@ -35,6 +35,29 @@ bool TakeFiles(Options& options)
     return true;
 }
 
+CString FolderOf(const CString& file)
+{
+    return file.Left(file.ReverseFind(L'\\'));
+}
+
+// What the user names here, and the trusted folders of the current profile, may be loaded without asking.
+void TrustFolders(const Options& options)
+{
+    CStringArray folders;
+    wchar_t before[4096] = {};
+    if (GetEnvironmentVariableW(L"KX_TRUSTED_PATHS", before, ARRAYSIZE(before)) < ARRAYSIZE(before) && *before != 0)
+        folders.Add(before);
+    KxMfcEx::GetTrustedPaths(options.release, folders);
+    for (const CString* file : {&options.module, &options.script})
+        if (!file->IsEmpty())
+            folders.Add(FolderOf(*file));
+    CString list;
+    for (INT_PTR i = 0; i < folders.GetSize(); ++i)
+        list += (i != 0 ? L";" : L"") + folders[i];
+    if (!list.IsEmpty())
+        SetEnvironmentVariableW(L"KX_TRUSTED_PATHS", list);
+}
+
 bool TakeProfile(const Options& options)
 {
     if (options.profile.IsEmpty())
@@ -159,6 +182,7 @@ int Start(const Options& given)
         return Complain(L"release " + TextOfRelease(options.release), L"is not installed");
     if (!TakeFiles(options) || !TakeProfile(options))
         return 1;
+    TrustFolders(options);
     const std::vector<Host> before = RunningHosts();
     if (Launch(options, program) <= 0)
         return Complain(program, L"cannot be started");

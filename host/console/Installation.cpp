@@ -22,13 +22,20 @@ const wchar_t kProfile[] = L"<<Unnamed Profile>>";
 const wchar_t kProductName[] = L"kxcad";
 const char kProgram[] = "acad.exe";
 // What lies beside the program and is needed there again.
-const char* const kBeside[] = {"libkxplatform.so", "KxArxBase.arx", "kxlaunch"};
+const char* const kBeside[] = {"libkxplatform.so", "KxArxBase.arx"};
 
 // The product codes count the releases; 01 is the plain program, 409 English.
 const struct {
     const wchar_t *release, *product;
 } kProducts[] = {
     {L"18.0", L"ACAD-8001:409"}, {L"18.1", L"ACAD-9001:409"}, {L"18.2", L"ACAD-A001:409"}, {L"19.0", L"ACAD-B001:409"}};
+
+// The family's products and their files, which lie in one folder.
+const struct {
+    const wchar_t *key, *file;
+} kFamily[] = {{L"SOFTWARE\\Kx\\KxArxBase\\R1.0", L"KxArxBase.arx"},
+               {L"SOFTWARE\\Kx\\kxcad\\R1.0", L"kxcad"},
+               {L"SOFTWARE\\Kx\\kxlaunch\\R1.0", L"kxlaunch"}};
 
 std::wstring ProductKey(const std::wstring& release)
 {
@@ -94,20 +101,41 @@ void LinkNeighbours(const fs::path& folder)
     }
 }
 
+bool EnterFamily()
+{
+    const std::wstring own = ProgramPath();
+    const std::wstring folder = own.substr(0, own.find_last_of(L'\\'));
+    for (const auto& product : kFamily)
+        if (FileInfoOf(HostPath(folder + L"\\" + product.file)).exists && !WriteText(product.key, L"Location", folder))
+            return false;
+    return true;
+}
+
 bool EnterInRegistry(const std::wstring& key, const std::wstring& release, const std::wstring& folder)
 {
     const std::wstring profiles = key + L"\\Profiles";
-    const std::wstring own = ProgramPath();
     return WriteText(key, L"ProductName", kProductName + (L" " + release)) && WriteText(key, L"AcadLocation", folder) &&
            WriteText(profiles, L"", kProfile) &&
-           WriteText(profiles + L"\\" + kProfile + L"\\General", L"ACAD", folder) &&
-           WriteText(L"SOFTWARE\\Kx\\kxcad\\R1.0", L"Location", own.substr(0, own.find_last_of(L'\\')));
+           WriteText(profiles + L"\\" + kProfile + L"\\General", L"ACAD", folder) && EnterFamily();
 }
 
 bool IsOwn(const std::wstring& key)
 {
     std::wstring product;
     return ReadText(key, L"ProductName", product) && product.starts_with(kProductName);
+}
+
+// The last release takes the family along.
+void LeaveRegistry(const std::wstring& release)
+{
+    const std::wstring parent = kCadKey + (L"R" + release);
+    if (KeysIn(parent).empty())
+        RemoveTree(parent);
+    for (const auto& row : kProducts)
+        if (IsOwn(ProductKey(row.release)))
+            return;
+    for (const auto& product : kFamily)
+        RemoveTree(product.key);
 }
 
 }   // namespace
@@ -155,11 +183,9 @@ std::wstring Uninstall(const std::wstring& release)
     fs::remove(folder / kProgram, failure);
     if (!failure)
         fs::remove(folder, failure);   // an empty one only
-    const std::wstring parent = kCadKey + (L"R" + release);
     if (!RemoveTree(key))
         return L"registry: the entry cannot be removed";
-    if (KeysIn(parent).empty())
-        RemoveTree(parent);
+    LeaveRegistry(release);
     return L"";
 }
 

@@ -72,6 +72,13 @@ std::wstring BaseModule()
     return path.substr(0, path.find_last_of(L"\\/") + 1) + L"KxArxBase.arx";
 }
 
+// KX_MESSAGES is for hosts that launchers start.
+bool TakesTexts(const Options& options)
+{
+    const char* setting = std::getenv("KX_MESSAGES");
+    return options.takesTexts && (setting == nullptr || std::string_view(setting) != "off");
+}
+
 bool Program::LoadModules()
 {
     std::vector<std::wstring> modules;
@@ -224,7 +231,7 @@ int Program::Run()
     int status = kDone;
     {
         Session session(sessionOptions);
-        HostWindow window(m_release, m_options.takesTexts && sessionOptions.hasKeyboard);
+        HostWindow window(m_release, TakesTexts(m_options) && sessionOptions.hasKeyboard);
         m_ui.SetWindow(&window);
         status = RunSteps(session);
         m_ui.SetWindow(nullptr);

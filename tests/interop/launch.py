@@ -114,11 +114,13 @@ class Registry(Hosts):
         program = self.folder / "R18.2" / "acad.exe"
         self.assertTrue(program.exists())
         self.assertRegex(self.launch("list").out, r"18\.2 +AutoCAD +ACAD-A001:409 +1033 +Z:.*\\Acad\.exe\n")
-        self.assertIn("kxcad", self.launch("list").out.partition("Products")[2])
+        family = self.launch("list").out.partition("Products")[2].partition("Running")[0]
+        for name in ("KxArxBase", "kxcad", "kxlaunch"):
+            self.assertRegex(family, rf"  1\.0 +{name} +Z:.*\\{name}")
         self.assertEqual(self.kxcad("--uninstall", "--release", "18.1").status, 4)
         self.assertEqual(self.kxcad("--uninstall", "--release", "18.2").status, 0)
         self.assertFalse(program.parent.exists())
-        self.assertIn("registry\n  none\n", self.launch("list").out)
+        self.assertRegex(self.launch("list").out, r"registry\n  none\nProducts.*\n  none\n")
         registry = self.folder / "registry.reg"
         registry.write_bytes((kxcad.SAMPLES / "registry.reg").read_bytes())
         before = registry.read_bytes()

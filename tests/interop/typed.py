@@ -37,8 +37,9 @@ class Pipe(Hosts):
 
     def test_who_takes_no_texts(self):
         (self.folder / "long.scr").write_text("(setq i 0)\n(while (< i 100000000) (setq i (1+ i)))\n", encoding="ascii")
-        for arguments in (["--stay", "--no-messages"], ["--script", "long.scr"]):
+        for arguments, setting in ((["--stay", "--no-messages"], "on"), (["--stay"], "off"), (["--script", "long.scr"], "on")):
             with self.subTest(arguments=arguments):
+                self.environment["KX_MESSAGES"] = setting
                 host = self.begin("--no-module", *arguments)
                 self.wait_for_title(host.pid, "AutoCAD")
                 self.assertIn("did not take the text", self.launch("send", "REGEN", status=1).err)
