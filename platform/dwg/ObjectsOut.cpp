@@ -79,7 +79,7 @@ private:
 
 bool ObjectsWriter::IsOfDrawing(const AcDbStub& stub) const
 {
-    return stub.object != nullptr && !stub.erased && stub.handle != 0 &&
+    return stub.object != nullptr && !stub.erased && !stub.fromXref && stub.handle != 0 &&
            (ObjectAccess::State(*stub.object) & kPlaceholder) == 0;
 }
 
@@ -177,6 +177,12 @@ bool ObjectsWriter::CanWrite(const AcDbObject& object)
     return form.layout->type != kShape || HasShapeNumber(object);
 }
 
+bool IsGoneWithOwner(const AcDbObject& object)
+{
+    return !object.isKindOf(AcDbSymbolTable::desc()) && !object.isKindOf(AcDbSymbolTableRecord::desc()) &&
+           object.objectId().isEffectivelyErased();
+}
+
 // The colours of colour books, by their names.
 void ObjectsWriter::FindBooks(const std::vector<const AcDbStub*>& objects)
 {
@@ -193,15 +199,21 @@ void ObjectsWriter::FindBooks(const std::vector<const AcDbStub*>& objects)
 
 void ObjectsWriter::FindDropped()
 {
-    std::vector<const AcDbStub*> owned, placeholders;
+    std::vector<const AcDbStub*> owned, absent;
     m_core.handles.ForEach([&](const AcDbStub& stub) {
         if (stub.object != nullptr && (ObjectAccess::State(*stub.object) & kPlaceholder) != 0)
-            placeholders.push_back(&stub);
+            absent.push_back(&stub);
         if (!IsOfDrawing(stub))
             return;
         if (!CanWrite(*stub.object))
             m_output.dropped.insert(&stub);
-        else if (!FormOf(*stub.object).isEntity)
+        else if (FormOf(*stub.object).isEntity) {
+            const AcDbStub* owner = ObjectAccess::Owner(*stub.object);
+            if (owner != nullptr && owner->erased)
+                absent.push_back(&stub);
+        } else if (IsGoneWithOwner(*stub.object))
+            absent.push_back(&stub);
+        else
             owned.push_back(&stub);
     });
     FindBooks(owned);
@@ -213,7 +225,7 @@ void ObjectsWriter::FindDropped()
             if (m_output.dropped.count(ObjectAccess::Owner(*stub->object)) != 0 && m_output.dropped.insert(stub).second)
                 isMore = true;
     }
-    m_output.dropped.insert(placeholders.begin(), placeholders.end());
+    m_output.dropped.insert(absent.begin(), absent.end());
 }
 
 void ObjectsWriter::Begin(int type, uint64_t handle)

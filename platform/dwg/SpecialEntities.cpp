@@ -215,7 +215,6 @@ void ReadVertices(ObjectDecoder& in, const Step& step)
     if (!in.IsCount(points) || !in.IsCount(bulges) || !in.IsCount(ids) || !in.IsCount(widths))
         return;
     // In the stream all points come first, in memory each vertex is whole.
-    BitReader bulge, id, width;
     std::vector<double> places(size_t(points) * 2), bends(bulges), spans(size_t(widths) * 2);
     std::vector<int32_t> numbers(ids);
     double x = 0, y = 0;
