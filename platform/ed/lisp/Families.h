@@ -8,7 +8,7 @@ namespace KxPlat::Lisp {
 const std::vector<BuiltinTable>& Families();
 
 extern const BuiltinTable kSpecialForms, kArithmetic, kComparison, kLists, kVlLists, kApplication, kTypes, kStrings,
-    kVlStrings, kNumberTexts, kPrinting, kFiles, kGeometry, kEntities, kSelections, kUserInput, kHost;
+    kVlStrings, kNumberTexts, kPrinting, kFiles, kGeometry, kEntities, kSelections, kUserInput, kHost, kObjects;
 
 // A function that is no LISP code and no row of a table.
 struct CallableCell : HostCell {

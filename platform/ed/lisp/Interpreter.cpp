@@ -5,6 +5,7 @@
 #include "Families.h"
 #include "Printer.h"
 #include "Reader.h"
+#include "VlaObjects.h"
 #include <algorithm>
 #include <utility>
 
@@ -38,6 +39,7 @@ Interpreter::Interpreter()
     Intern(L"PAUSE")->value = Value(L"\\");
     for (const BuiltinTable& table : Families())
         AddBuiltins(table);
+    AddPropertyFunctions(*this);
 }
 
 Interpreter::~Interpreter() = default;

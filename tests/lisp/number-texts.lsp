@@ -1,0 +1,13 @@
+; Numbers texts from left to right and remembers the last number in the drawing.   Command: NUMTXT
+(defun nt:x (e) (cadr (assoc 10 (entget e))))
+(defun nt:list (ss / i out) (setq i 0) (repeat (sslength ss) (setq out (cons (ssname ss i) out) i (1+ i))) out)
+(defun c:numtxt (/ ss next obj)
+  (setq next (cond ((vlax-ldata-get "NUMTXT" "last")) (0)))
+  (princ "\nSelect texts: ")
+  (if (setq ss (ssget '((0 . "TEXT"))))
+    (foreach e (vl-sort (nt:list ss) '(lambda (a b) (< (nt:x a) (nt:x b))))
+      (setq obj (vlax-ename->vla-object e) next (1+ next))
+      (vla-put-textstring obj (strcat (itoa next) "-" (vla-get-textstring obj)))
+      (if (vlax-property-available-p obj 'color T) (vla-put-color obj 3))))
+  (vlax-ldata-put "NUMTXT" "last" next)
+  (princ))
