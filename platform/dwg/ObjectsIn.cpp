@@ -40,6 +40,11 @@ CString DwgInput::NameOf(uint64_t handle)
         return CString();
     if (const AcDbSymbolTableRecord* record = AcDbSymbolTableRecord::cast(object))
         return record->nameText();
+    PlaceWanted name;
+    name.code = 2;
+    const Place place = FindPlace(&object->fields(), false, name);
+    if (place.keep == Keep::Member && place.type == FieldType::Text)
+        return *reinterpret_cast<const CString*>(reinterpret_cast<const char*>(object) + place.offset);
     if (const Annex* annex = ObjectAccess::Find(*object))
         for (const GroupValue& group : annex->others)
             if (group.code == 2)
