@@ -296,7 +296,8 @@ Acad::ErrorStatus AcDbCurve::MakeOffset(double distance, std::vector<AcDbCurve*>
     if (normal.isZeroLength())
         normal = AcGeVector3d::kZAxis;
     normal.normalize();
-    if (const auto* ellipse = dynamic_cast<const AcGeEllipArc3d*>(PiecesOf(*this).front().curve.get()))
+    const CurvePieces pieces = PiecesOf(*this);
+    if (const auto* ellipse = dynamic_cast<const AcGeEllipArc3d*>(pieces.front().curve.get()))
         normal = ellipse->normal();
     else if (normal.z < 0)
         normal.negate();

@@ -143,7 +143,8 @@ public:
         if (m_count % 8 == 0) {
             Settle();
             Grow(bytes.size());
-            std::memcpy(m_room.get() + m_size, bytes.data(), bytes.size());
+            if (!bytes.empty())
+                std::memcpy(m_room.get() + m_size, bytes.data(), bytes.size());
             m_size += bytes.size();
             return;
         }
