@@ -13,7 +13,7 @@ struct Paper {
     double width, height;   // millimetres
 };
 
-constexpr Paper kPapers[] = {{L"a0", 1189, 841}, {L"a1", 841, 594},     {L"a2", 594, 420},   {L"a3", 420, 297},
+constexpr Paper kPapers[] = {{L"a0", 1189, 841}, {L"a1", 841, 594},         {L"a2", 594, 420},       {L"a3", 420, 297},
                              {L"a4", 297, 210},  {L"letter", 279.4, 215.9}, {L"legal", 355.6, 215.9}};
 
 bool ReadNumber(const char*& at, const char* end, double& number)

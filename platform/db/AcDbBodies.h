@@ -1,6 +1,6 @@
-// Entities whose inside is hardly looked into: solids, regions and bodies of the modeller, meshes, lights, multi-leaders
-// and tables. Their common properties can be changed; the groups of their own sections are kept as they are, save that
-// meshes, lights and multi-leaders can be moved.
+// Entities whose inside is hardly looked into: solids, regions and bodies of the modeller, meshes, lights,
+// multi-leaders and tables. Their common properties can be changed; the groups of their own sections are kept as they
+// are, save that meshes, lights and multi-leaders can be moved.
 #pragma once
 #include "AcDbBlockReference.h"
 #include "core/GroupValue.h"

@@ -65,7 +65,8 @@ public:
     // Takes out an entry that names nothing.
     void dropEntry(const CString& name)
     {
-        std::erase_if(m_entries, [&](const Entry& entry) { return entry.id.objectClass() == nullptr && entry.name == name; });
+        std::erase_if(m_entries,
+                      [&](const Entry& entry) { return entry.id.objectClass() == nullptr && entry.name == name; });
     }
 
 protected:

@@ -24,7 +24,7 @@ public:
     // The table of blocks: null where a number is passed over, and names as the file has them.
     std::vector<const AcDbStub*> blocks;
     std::unordered_map<const AcDbStub*, CString> blockNames;
-    std::unordered_set<const AcDbStub*> dropped;        // live, but not in this file
+    std::unordered_set<const AcDbStub*> dropped;              // live, but not in this file
     std::unordered_map<std::string, const AcDbStub*> books;   // colours of colour books by their names
 
     // There, and to be saved: the contents of xrefs are read anew from their own files.

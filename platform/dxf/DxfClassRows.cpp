@@ -57,7 +57,8 @@ std::vector<const DxfClassRow*> ClassRowsFor(const DbCore& core, AcDb::AcDbDwgVe
     std::vector<bool> isSeen;   // by number of the class's schema
     std::vector<const DxfClassRow*> rows;
     core.handles.ForEach([&](const AcDbStub& stub) {
-        if (stub.object == nullptr || stub.erased || stub.fromXref || (newObjectsOnly && ObjectAccess::Shape(*stub.object) != 0))
+        if (stub.object == nullptr || stub.erased || stub.fromXref ||
+            (newObjectsOnly && ObjectAccess::Shape(*stub.object) != 0))
             return;
         const ClassSchema& schema = stub.object->fields();
         const size_t number = size_t(schema.number());

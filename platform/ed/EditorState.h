@@ -27,12 +27,12 @@ struct EditorState {
     std::wstring lastInput;             // what acedGetInput answers
     bool isAnsweredByProgram = false;   // the last answer came from an argument of a command call
     int errorNumber = 0;
-    std::vector<RunningCommand> running;          // innermost last
-    std::wstring lastCommand;                     // what Enter repeats
-    std::vector<std::wstring> undefined;          // names in capitals that UNDEFINE took from the host's commands
+    std::vector<RunningCommand> running;   // innermost last
+    std::wstring lastCommand;              // what Enter repeats
+    std::vector<std::wstring> undefined;   // names in capitals that UNDEFINE took from the host's commands
     int secureLoad = 1;
-    std::wstring trustedFolders;   // of this session, parted by ";"
-    bool runsSentText = false;     // what runs was sent by a module
+    std::wstring trustedFolders;                  // of this session, parted by ";"
+    bool runsSentText = false;                    // what runs was sent by a module
     void* module = nullptr;                       // application id of the module whose code runs now
     std::map<std::wstring, VarValue> variables;   // those of the process, by name in capitals
     std::vector<AcedFilterWinMsgFn> filters;

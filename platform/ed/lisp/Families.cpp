@@ -6,7 +6,7 @@ const std::vector<BuiltinTable>& Families()
 {
     static const std::vector<BuiltinTable> all = {
         kSpecialForms, kArithmetic, kComparison, kLists,    kVlLists,  kApplication, kTypes,     kStrings, kVlStrings,
-        kNumberTexts,  kPrinting,   kFiles,      kGeometry, kEntities, kSelections,  kUserInput, kHost, kObjects,
+        kNumberTexts,  kPrinting,   kFiles,      kGeometry, kEntities, kSelections,  kUserInput, kHost,    kObjects,
     };
     return all;
 }
