@@ -1,4 +1,5 @@
 #include "TopWindows.h"
+#include "LocalWindows.h"
 #include "Processes.h"
 #include "WinAnswer.h"
 #include "WindowFolder.h"
@@ -16,7 +17,18 @@ std::map<HWND, WNDPROC>& OwnWindows()
     return windows;
 }
 
+LocalWindows*& Local()
+{
+    static LocalWindows* windows = nullptr;
+    return windows;
+}
+
 }   // namespace
+
+void SetLocalWindows(LocalWindows* windows)
+{
+    Local() = windows;
+}
 
 PublishedWindow::PublishedWindow(const WindowFacts& facts, WNDPROC procedure) : m_facts(facts)
 {
@@ -68,10 +80,17 @@ namespace {
 
 using Facts = std::optional<KxPlat::WindowFacts>;
 
+Facts LocalFacts(HWND window)
+{
+    return KxPlat::Local() == nullptr ? Facts() : KxPlat::Local()->FactsOf(window);
+}
+
 // Sets the last error where there is no such window.
 Facts FactsOf(HWND window)
 {
-    Facts facts = KxPlat::ReadWindow(window);
+    Facts facts = LocalFacts(window);
+    if (!facts)
+        facts = KxPlat::ReadWindow(window);
     if (!facts)
         SetLastError(ERROR_INVALID_WINDOW_HANDLE);
     return facts;
@@ -166,9 +185,10 @@ DWORD GetWindowThreadProcessId(HWND window, LPDWORD processId)
     if (!FactsOf(window))
         return 0;
     // The main thread of a process has its number.
+    const DWORD process = LocalFacts(window) ? GetCurrentProcessId() : KxPlat::ProcessOfWindow(window);
     if (processId != nullptr)
-        *processId = KxPlat::ProcessOfWindow(window);
-    return KxPlat::ProcessOfWindow(window);
+        *processId = process;
+    return process;
 }
 
 LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -183,6 +203,12 @@ LRESULT SendMessageTimeoutW(HWND window, UINT message, WPARAM wParam, LPARAM lPa
 {
     if (!FactsOf(window))
         return FALSE;
+    if (LocalFacts(window)) {
+        const LRESULT local = KxPlat::Local()->Send(window, message, wParam, lParam);
+        if (result != nullptr)
+            *result = static_cast<DWORD_PTR>(local);
+        return TRUE;
+    }
     KxPlat::WindowMessage sent;
     sent.window = window;
     sent.message = message;
