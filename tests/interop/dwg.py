@@ -32,13 +32,20 @@ def counted(kinds):
     return Counter(kind for kind in (FAMILIES.get(kind, kind) for kind in kinds) if kind in KINDS)
 
 
+class Held:
+    """What a drawing holds: layers, entities of each named block, texts, texts of attributes, MINSERTs."""
+
+    def __init__(self, layers, blocks, texts, attributes, minserts):
+        self.layers, self.blocks, self.texts, self.attributes, self.minserts = layers, blocks, texts, attributes, minserts
+        self.in_order = True   # the attributes of each insertion have handles in a row
+
+
 def of_dwg(found):
-    """Layers, entities of each named block, texts."""
     blocks = {}
     for name, kinds in found["blocks"]:
         counts = counted(kind for kind, count in kinds.items() for _ in range(count))
         blocks[general(name)] = blocks.get(general(name), Counter()) + counts
-    return set(found["layers"]), blocks, Counter(found["texts"])
+    return Held(set(found["layers"]), blocks, Counter(found["texts"]), Counter(found["attributes"]), found["minserts"])
 
 
 def of_dxf(path):
@@ -46,19 +53,26 @@ def of_dxf(path):
         document = ezdxf.readfile(path)
     except Exception:   # what it only opens by repair it still can count
         document, _ = recover.readfile(path)
-    blocks, texts = {}, Counter()
+    held = Held({layer.dxf.name for layer in document.layers}, {}, Counter(), Counter(), 0)
     for block in document.blocks:
+        multiple = [entity for entity in block if entity.dxftype() == "INSERT" and entity.mcount > 1]
+        kinds = counted(entity.dxftype() for entity in block if entity not in multiple)
         name = general(block.name)
-        blocks[name] = blocks.get(name, Counter()) + counted(entity.dxftype() for entity in block)
+        held.blocks[name] = held.blocks.get(name, Counter()) + kinds
+        held.minserts += len(multiple)
         for entity in block:
             if entity.dxftype() == "TEXT":
-                texts[entity.dxf.text] += 1
+                held.texts[entity.dxf.text] += 1
             elif entity.dxftype() == "MTEXT":
-                texts[entity.text] += 1
-            elif entity.dxftype() == "INSERT":
-                texts.update(attribute.dxf.text for attribute in entity.attribs)
-    names = {layer.dxf.name for layer in document.layers}
-    return names, blocks, texts
+                held.texts[entity.text] += 1
+            elif entity.dxftype() == "INSERT" and entity not in multiple:
+                held.attributes.update(attribute.dxf.text for attribute in entity.attribs)
+    held.in_order = all(rising([int(attribute.dxf.handle, 16) for attribute in insert.attribs]) for insert in document.query("INSERT"))
+    return held
+
+
+def rising(handles):
+    return handles == list(range(handles[0], handles[0] + len(handles))) if handles else True
 
 
 def plain(texts):
@@ -78,19 +92,25 @@ def problems_of(version, source, folder):
     problems = []
     if found["error"] & ~dwgReader.ODD_VALUES:
         problems.append(f"the reader's error is {found['error']}: {found['said']}")
-    layers, blocks, texts = of_dwg(found)
-    other_layers, other_blocks, other_texts = of_dxf(dxf)
+    held, other = of_dwg(found), of_dxf(dxf)
     # ezdxf adds this layer to each drawing, and the three kinds of spaces under names of its own.
-    other_layers.discard("Defpoints" if "Defpoints" not in layers else "")
-    if layers != other_layers:
-        problems.append(f"layers {sorted(layers)} instead of {sorted(other_layers)}")
-    for name in sorted(set(blocks) | set(other_blocks)):
-        ours, theirs = blocks.get(name), other_blocks.get(name)
+    other.layers.discard("Defpoints" if "Defpoints" not in held.layers else "")
+    if held.layers != other.layers:
+        problems.append(f"layers {sorted(held.layers)} instead of {sorted(other.layers)}")
+    for name in sorted(set(held.blocks) | set(other.blocks)):
+        ours, theirs = held.blocks.get(name), other.blocks.get(name)
         if ours != theirs:
             problems.append(f"block {name} has {ours} instead of {theirs}")
-    if plain(texts) != plain(other_texts):
-        lost, gained = plain(other_texts) - plain(texts), plain(texts) - plain(other_texts)
-        problems.append(f"texts lost {list(lost)[:5]} of {len(lost)}, gained {list(gained)[:5]} of {len(gained)}")
+    if held.minserts != other.minserts:
+        problems.append(f"{held.minserts} MINSERT instead of {other.minserts}")
+    pairs = [("texts", held.texts, other.texts)]
+    # Of this version the reader goes from the first attribute of an insertion to the last by their handles.
+    if version != "2000" or other.in_order:
+        pairs.append(("attributes", held.attributes, other.attributes))
+    for what, ours, theirs in pairs:
+        lost, gained = plain(theirs) - plain(ours), plain(ours) - plain(theirs)
+        if lost or gained:
+            problems.append(f"{what} lost {list(lost)[:5]} of {len(lost)}, gained {list(gained)[:5]} of {len(gained)}")
     return [f"{version}: {problem}" for problem in problems]
 
 

@@ -11,12 +11,19 @@ const said = [];
 for (const name of ["log", "warn", "error", "info"]) console[name] = (...words) => said.push(words.join(" "));
 const lib = await LibreDwg.create(path.join(folder, "wasm") + "/");
 
-const WITH_TEXT = ["TEXT", "MTEXT", "INSERT"];
-
 const texts = (entities) =>
-    entities.filter((entity) => WITH_TEXT.includes(entity.type)).flatMap((entity) => [entity.text, ...(entity.attribs ?? []).map((attribute) => attribute.text)])
+    entities.map((entity) => entity.text)
         .map((text) => (typeof text === "object" && text !== null ? text.text : text))
         .filter((text) => typeof text === "string");
+
+// MINSERTs are read, but not among the entities of their block.
+const MINSERT = 8;
+const minserts = (data) => {
+    let count = 0;
+    for (let index = 0; index < lib.dwg_get_num_objects(data); ++index)
+        count += lib.dwg_object_get_fixedtype(lib.dwg_get_object(data, index)) === MINSERT;
+    return count;
+};
 
 const kinds = (entities) => {
     const counts = {};
@@ -36,9 +43,12 @@ for (const file of process.argv.slice(3)) {
         found.layers = database.tables.LAYER.entries.map((layer) => layer.name);
         found.blocks = [];
         found.texts = [];
+        found.attributes = [];
+        found.minserts = minserts(data);
         for (const block of database.tables.BLOCK_RECORD.entries) {
             found.blocks.push([block.name, kinds(block.entities)]);   // several may have one name
-            found.texts.push(...texts(block.entities));
+            found.texts.push(...texts(block.entities.filter((entity) => ["TEXT", "MTEXT"].includes(entity.type))));
+            found.attributes.push(...texts(block.entities.flatMap((entity) => entity.attribs ?? [])));
         }
         lib.dwg_free(data);
     } else {
