@@ -4,6 +4,7 @@
 #include "../rx/AcRxDictionary.h"
 #include "../win/CharTables.h"
 #include "AcEdCommandStack.h"
+#include "AliasFile.h"
 #include "Prompt.h"
 #include "Session.h"
 #include "SetVariable.h"
@@ -32,21 +33,46 @@ TypedName Stripped(std::wstring typed)
     return result;
 }
 
-AcEdCommand* Lookup(const TypedName& typed)
+AcEdCommand* LookupOne(const TypedName& typed, const std::wstring& name)
 {
-    AcEdCommandStack* stack = acedRegCmds;
-    const std::wstring alias = typed.isNative ? typed.name : AliasOf(typed.name);
     const std::vector<std::wstring>& undefined = TheEditor()->undefined;
-    for (const std::wstring& name : {typed.name, alias}) {
-        if (!typed.isNative && std::find(undefined.begin(), undefined.end(), name) != undefined.end())
-            continue;
-        if (AcEdCommand* command = stack->lookupCmd(name.c_str(), typed.isGlobal))
-            return command;
+    const bool isHidden = !typed.isNative && std::find(undefined.begin(), undefined.end(), name) != undefined.end();
+    return isHidden ? nullptr : acedRegCmds->lookupCmd(name.c_str(), typed.isGlobal);
+}
+
+bool IsLispCommand(const TypedName& typed, const std::wstring& name)
+{
+    AcApDocument* document = acDocManager->curDocument();
+    LispHook* lisp = TheLispHook();
+    return !typed.isNative && lisp != nullptr && document != nullptr && lisp->HasCommand(*document, name);
+}
+
+// What a name stands for: a command, else one that LISP defined, else nothing.
+struct Target {
+    AcEdCommand* command = nullptr;
+    std::wstring lisp;
+};
+
+// A command's own name wins over the user's aliases, and these over the host's.
+Target Lookup(const TypedName& typed)
+{
+    std::wstring name = typed.name;
+    std::vector<std::wstring> names = {name};
+    if (!typed.isNative) {
+        if (const std::wstring alias = UserAlias(name); !alias.empty())
+            names.push_back(name = alias);
+        names.push_back(AliasOf(name));
+    }
+    for (const std::wstring& each : names) {
+        if (AcEdCommand* command = LookupOne(typed, each))
+            return {command, L""};
+        if (IsLispCommand(typed, each))
+            return {nullptr, each};
     }
     // "-NAME" asks on the command line; a command without a dialog needs no other form.
-    if (typed.name.size() > 1 && typed.name[0] == L'-')
-        return stack->lookupCmd(typed.name.c_str() + 1, typed.isGlobal);
-    return nullptr;
+    if (name.size() > 1 && name[0] == L'-')
+        return {acedRegCmds->lookupCmd(name.c_str() + 1, typed.isGlobal), L""};
+    return {};
 }
 
 }   // namespace
@@ -134,16 +160,16 @@ bool CommandLine::Run(std::wstring text, const InputPiece& from)
 {
     const TypedName typed = Stripped(text);
     AcApDocument* document = acDocManager->curDocument();
-    LispHook* lisp = TheLispHook();
-    if (AcEdCommand* command = Lookup(typed)) {
+    const Target target = Lookup(typed);
+    if (AcEdCommand* command = target.command) {
         if (m_session.state().running.empty() && (command->commandFlags() & ACRX_CMD_NOHISTORY) == 0)
             m_session.state().lastCommand = command->globalName();
         return KxPlat::RunCommand(*command, false);
     }
-    if (!typed.isNative && lisp != nullptr && document != nullptr && lisp->HasCommand(*document, typed.name)) {
+    if (!target.lisp.empty()) {
         if (m_session.state().running.empty())
-            m_session.state().lastCommand = typed.name;
-        return RunLispCommand(*document, typed.name);
+            m_session.state().lastCommand = target.lisp;
+        return RunLispCommand(*document, target.lisp);
     }
     if (FindVar(typed.name) != nullptr) {
         if (document != nullptr && m_session.state().running.empty())
@@ -159,7 +185,7 @@ void CommandLine::RunTransparent(const InputPiece& piece)
 {
     const TypedName typed = Stripped(piece.text);
     const std::wstring outer = m_session.state().running.empty() ? L"" : m_session.state().running.back().globalName;
-    AcEdCommand* command = Lookup(typed);
+    AcEdCommand* command = Lookup(typed).command;
     if (command != nullptr && (command->commandFlags() & ACRX_CMD_TRANSPARENT) == 0) {
         Ui().Print(L"\n** That command may not be invoked transparently **");
         FailInput(piece);

@@ -3,6 +3,7 @@
 #include "../win/CharTables.h"
 #include "../win/Files.h"
 #include "acedads.h"
+#include "AliasFile.h"
 #include "commands/HostCommands.h"
 #include "CommandTable.h"
 #include "Modules.h"
@@ -61,12 +62,14 @@ Session::~Session()
     SetDocumentListener({});
     Unregister(ACRX_DYNAMIC_LINKER);
     Unregister(ACRX_COMMAND_STACK);
+    ForgetAliases();
     acdbSetHostApplicationServices(nullptr);
     g_current = nullptr;
 }
 
 void Session::StartPrograms()
 {
+    LoadAliasFiles();
     const std::vector<AcApDocument*> documents = OpenDocuments();
     for (AcApDocument* document : documents)
         LoadStartupFiles(*document);

@@ -10,8 +10,6 @@ namespace KxPlat {
 
 namespace {
 
-const wchar_t kName[] = L"kxcad.lsp";
-
 bool Evaluate(AcApDocument& document, const std::wstring& form)
 {
     resbuf* value = nullptr;
@@ -21,30 +19,38 @@ bool Evaluate(AcApDocument& document, const std::wstring& form)
     return isGood;
 }
 
-void LoadFrom(AcApDocument& document, std::wstring folder)
+void AddFile(std::vector<std::wstring>& files, std::wstring folder, const wchar_t* name)
 {
     if (folder.empty())
         return;
     if (folder.back() != L'\\' && folder.back() != L'/')
         folder += L'\\';
-    std::wstring path = folder + kName;
-    if (!FileInfoOf(HostPath(path)).exists || !IsTrusted(path))
-        return;
-    std::replace(path.begin(), path.end(), L'\\', L'/');
-    Evaluate(document, L"(load \"" + path + L"\")");
+    const std::wstring path = folder + name;
+    if (FileInfoOf(HostPath(path)).exists && IsTrusted(path))
+        files.push_back(path);
 }
 
 }   // namespace
 
-void LoadStartupFiles(AcApDocument& document)
+std::vector<std::wstring> StartupFiles(const wchar_t* name)
 {
+    std::vector<std::wstring> files;
     const std::wstring path = SupportPath();
     for (size_t start = 0; start < path.size();) {
         const size_t end = std::min(path.find(L';', start), path.size());
-        LoadFrom(document, path.substr(start, end - start));
+        AddFile(files, path.substr(start, end - start), name);
         start = end + 1;
     }
-    LoadFrom(document, ConfigurationFolder());
+    AddFile(files, ConfigurationFolder(), name);
+    return files;
+}
+
+void LoadStartupFiles(AcApDocument& document)
+{
+    for (std::wstring path : StartupFiles(L"kxcad.lsp")) {
+        std::replace(path.begin(), path.end(), L'\\', L'/');
+        Evaluate(document, L"(load \"" + path + L"\")");
+    }
     Evaluate(document, L"(if s::startup (s::startup))");
 }
 
