@@ -4,10 +4,10 @@
 #include "../db/core/Stub.h"
 #include "../win/Format.h"
 #include "CommandLine.h"
+#include "Escaped.h"
 #include "select/DocumentSelection.h"
 #include "Session.h"
 #include <algorithm>
-#include <exception>
 
 namespace KxPlat {
 
@@ -114,9 +114,8 @@ bool Framed(AcApDocument* document, RunningCommand command, Work&& work)
     bool isGood = false;
     try {
         isGood = work();
-    } catch (const std::exception& failure) {
-        const std::string what = failure.what();
-        Ui().Print(L"\n" + name + L": " + std::wstring(what.begin(), what.end()));
+    } catch (...) {
+        Ui().Print(L"\n" + name + L": " + EscapedException());
     }
     return frame.IsBalanced() && isGood;
 }

@@ -8,6 +8,7 @@
 #include "../win/WinError.h"
 #include "acedads.h"
 #include "CommandLine.h"
+#include "Escaped.h"
 #include "Session.h"
 #include "SupportFiles.h"
 #include <algorithm>
@@ -156,8 +157,8 @@ AcRx::AppRetCode Linker::Send(Module& module, AcRx::AppMsgCode message, AcApDocu
     AcRx::AppRetCode answer = AcRx::kRetError;
     try {
         answer = module.entry(message, &module);
-    } catch (const std::exception& failure) {
-        Ui().Complain(NameOf(module.path) + L": " + FromUtf8(failure.what()));
+    } catch (...) {
+        Ui().Complain(NameOf(module.path) + L": " + EscapedException());
     }
     if (document != nullptr)
         MakeCurrent(before);

@@ -5,6 +5,7 @@
 #include "../../rx/ResBufs.h"
 #include "../../win/Format.h"
 #include "../acedads.h"
+#include "../Escaped.h"
 #include "../Modules.h"
 #include "DocumentLisp.h"
 #include "HostValues.h"
@@ -52,17 +53,30 @@ public:
     {
         const Value keep(this);   // the module may take the function back while it runs
         Calls().running.push_back({&lisp, m_code, &arguments, Value()});
-        const auto handler = Calls().handlers.find({m_appId, m_code});
-        const int answer =
-            handler != Calls().handlers.end() ? handler->second() : int(SendToModule(m_appId, AcRx::kInvkSubrMsg));
+        std::wstring why;
+        const int answer = Answer(why);
         const Value result = Calls().running.back().result;
         Calls().running.pop_back();
         if (answer == int(AcRx::kRetError) || answer == RTERROR)
-            throw Failure(L"function failed: " + m_name);
+            throw Failure(L"function failed: " + m_name + (why.empty() ? L"" : L": " + why));
         return result;
     }
 
 private:
+    // `why` tells of an exception, none of which gets any further.
+    int Answer(std::wstring& why) const
+    {
+        const auto handler = Calls().handlers.find({m_appId, m_code});
+        if (handler == Calls().handlers.end())
+            return int(SendToModule(m_appId, AcRx::kInvkSubrMsg));
+        try {
+            return handler->second();
+        } catch (...) {
+            why = EscapedException();
+            return RTERROR;
+        }
+    }
+
     std::wstring m_name;
     void* m_appId;
     int m_code;

@@ -4,6 +4,7 @@
 #include "db/AcDbLayerTableRecord.h"
 #include "ed/AcEdCommandStack.h"
 #include "EditorTest.h"
+#include "mfc/CException.h"
 #include "rx/AcRxDictionary.h"
 #include <memory>
 
@@ -179,6 +180,27 @@ TEST_F(Editor, ExceptionsEndTheCommandOnly)
     EXPECT_EQ(Seen(L"THROW\nREGEN\n"), L"\nCommand: THROW\nTHROW: out of luck\nCommand: REGEN\nRegenerating model.");
     EXPECT_FALSE(isGood);
     EXPECT_TRUE(acDocManager->curDocument()->isQuiescent());
+}
+
+TEST_F(Editor, WhateverIsThrownBecomesALine)
+{
+    static const struct {
+        AcRxFunctionPtr command;
+        const wchar_t* line;
+    } rows[] = {
+        {[] { throw std::bad_alloc(); }, L"out of memory"},
+        {[] { throw std::runtime_error("\u5899"); }, L"\u5899"},
+        {[] { throw 5; }, L"an unknown exception"},
+        {[] { throw new CResourceException; }, L"A required resource was unavailable."},
+        {[] { throw new CUserException; }, L"an exception without a message"},
+    };
+    for (const auto& row : rows) {
+        Add(L"THROW", L"THROW", 0, row.command);
+        EXPECT_EQ(Seen(L"THROW\n"), L"\nCommand: THROW\nTHROW: " + std::wstring(row.line));
+        EXPECT_FALSE(isGood);
+        EXPECT_TRUE(acDocManager->curDocument()->isQuiescent());
+        acedRegCmds->removeGroup(L"TEST");
+    }
 }
 
 TEST_F(Editor, SentStringsRunWhenTheCommandHasEnded)
