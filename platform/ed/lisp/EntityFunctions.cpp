@@ -1,6 +1,8 @@
 // Entities, symbol tables and dictionaries for programs.
 #include "../../db/AcDbBlockTableRecord.h"
 #include "../../db/AcDbDatabase.h"
+#include "../../db/AcDbDictionary.h"
+#include "../../db/AcDbHostApplicationServices.h"
 #include "../../db/core/Stub.h"
 #include "../acedads.h"
 #include "../select/EntityGroups.h"
@@ -191,6 +193,33 @@ Value RegisterApp(Interpreter&, const Arguments& arguments)
     return acdbRegApp(name.c_str()) == RTNORM ? arguments[0] : Value();
 }
 
+// (snvalid name [flag]): with flag 1 a "|" may stand within.
+Value IsNameValid(Interpreter& lisp, const Arguments& arguments)
+{
+    constexpr size_t kLongestName = 255;
+    const std::wstring& name = TextOf(arguments[0]);
+    const bool allowsBar = arguments.Get(1) && IntegerOf(arguments[1]) == 1;
+    const bool isFramed = !name.empty() && (name.front() == L' ' || name.back() == L' ');
+    const size_t bad = name.find_first_of(allowsBar ? L"<>/\\\":;?*,=`" : L"<>/\\\":;?*|,=`");
+    return lisp.Truth(!name.empty() && name.size() <= kLongestName && !isFramed && bad == std::wstring::npos);
+}
+
+// Of paper space only, as the host lists them.
+Value Layouts(Interpreter&, const Arguments&)
+{
+    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    AcDbDictionary* layouts = nullptr;
+    ListBuilder names;
+    if (database == nullptr || database->getLayoutDictionary(layouts) != Acad::eOk)
+        return {};
+    for (const AcDbDictionary::Entry& entry : layouts->entries()) {
+        if (!entry.id.isErased() && entry.name.CompareNoCase(L"Model") != 0)
+            names.Add(Value(entry.name.GetString()));
+    }
+    layouts->close();
+    return names.Take();
+}
+
 const Builtin kRows[] = {
     {L"ENTGET", EntGet, 1, 2},
     {L"ENTMOD", EntMod, 1, 1},
@@ -211,6 +240,8 @@ const Builtin kRows[] = {
     {L"DICTREMOVE", DictRemove, 2, 2},
     {L"DICTRENAME", DictRename, 3, 3},
     {L"REGAPP", RegisterApp, 1, 1},
+    {L"SNVALID", IsNameValid, 1, 2},
+    {L"LAYOUTLIST", Layouts, 0, 0},
 };
 
 }   // namespace

@@ -13,6 +13,7 @@
 #include "Interpreter.h"
 #include "Printer.h"
 #include "Reader.h"
+#include <map>
 
 namespace KxPlat::Lisp {
 
@@ -289,6 +290,58 @@ Value AutoLoad(Interpreter& lisp, const Arguments& arguments)
     return Value();
 }
 
+// The blackboard, which all documents see. It outlives each of them, so its symbols are its own.
+struct Blackboard {
+    std::map<std::wstring, Symbol> symbols;
+    std::map<std::wstring, Value> values;
+};
+
+Blackboard& TheBlackboard()
+{
+    static Blackboard board;
+    return board;
+}
+
+Symbol* BoardSymbol(const std::wstring& name)
+{
+    Symbol& symbol = TheBlackboard().symbols[name];
+    symbol.name = name;
+    return &symbol;
+}
+
+// A copy whose symbols are those that `intern` gives. Functions and things of the host belong to their document.
+template <class Intern>
+Value Moved(const Value& value, const Intern& intern)
+{
+    if (value.IsSymbol())
+        return intern(value.symbol()->name);
+    if (value.kind() == Kind::Function || value.kind() == Kind::Host)
+        BadArgument(L"shareable", value);
+    if (!value.IsCons())
+        return value;
+    ListBuilder copy;
+    const Value* at = &value;
+    for (; at->IsCons(); at = &at->cdr())
+        copy.Add(Moved(at->car(), intern));
+    if (!at->IsNil())
+        copy.SetTail(Moved(*at, intern));
+    return copy.Take();
+}
+
+Value BoardSet(Interpreter&, const Arguments& arguments)
+{
+    TheBlackboard().values[SymbolOf(arguments[0])->name] = Moved(arguments[1], BoardSymbol);
+    return arguments[1];
+}
+
+Value BoardGet(Interpreter& lisp, const Arguments& arguments)
+{
+    const auto found = TheBlackboard().values.find(SymbolOf(arguments[0])->name);
+    return found == TheBlackboard().values.end()
+               ? Value()
+               : Moved(found->second, [&](const std::wstring& name) { return lisp.Intern(name); });
+}
+
 Value Nothing(Interpreter&, const Arguments&)
 {
     return Value();
@@ -306,7 +359,8 @@ const Builtin kRows[] = {
     {L"ARX", ArxLoaded, 0, 0},      {L"GETENV", GetEnvironment, 1, 1}, {L"SETENV", SetEnvironment, 2, 2},
     {L"REDRAW", Redraw, 0, 2},      {L"TEXTSCR", Nothing, 0, 0},       {L"GRAPHSCR", Nothing, 0, 0},
     {L"TEXTPAGE", Nothing, 0, 0},   {L"VER", Version, 0, 0},           {L"VL-LOAD-ALL", LoadAll, 1, 1},
-    {L"VL-VBALOAD", VbaLoad, 1, 1}, {L"AUTOLOAD", AutoLoad, 2, 2},
+    {L"VL-VBALOAD", VbaLoad, 1, 1}, {L"AUTOLOAD", AutoLoad, 2, 2},     {L"VL-BB-SET", BoardSet, 2, 2},
+    {L"VL-BB-REF", BoardGet, 1, 1},
 };
 
 }   // namespace

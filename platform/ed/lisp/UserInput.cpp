@@ -1,5 +1,6 @@
 // Questions to the user. Enter answers nil, a keyword its name, Esc ends the program.
 #include "../acedads.h"
+#include "../Prompt.h"
 #include "HostValues.h"
 #include "Interpreter.h"
 
@@ -147,6 +148,36 @@ Value EntSel(Interpreter&, const Arguments& arguments)
     return Answer(answer, answer == RTNORM ? ListOf(EntityNameValue(entity), PointValue(point)) : Value());
 }
 
+// (nentselp [prompt] [point]): with a point nobody is asked.
+Value NestedAt(Interpreter& lisp, const Arguments& arguments)
+{
+    const Question question(arguments);
+    if (!question.hasBase)
+        return EntSel(lisp, arguments);
+    ads_name found, entity;
+    if (acedSSGet(nullptr, question.base, nullptr, nullptr, found) != RTNORM)
+        return Value();
+    const Value set = PickSetValue(found, true);
+    return acedSSName(found, 0, entity) == RTNORM ? ListOf(EntityNameValue(entity), PointValue(question.base))
+                                                  : Value();
+}
+
+// (grread [track [bits [cursor]]]): (2 code) for a key, (3 point) for a picked point. Of a line that is typed the first
+// key counts; an empty one is Enter.
+Value ReadInput(Interpreter&, const Arguments&)
+{
+    constexpr int32_t kKey = 2, kPick = 3, kEnter = 13;
+    InputRequest request;
+    request.kind = InputKind::Point;
+    const InputPiece piece = TakePiece(request, TextRule::Word);
+    if (piece.type == InputPiece::Type::Cancel || piece.type == InputPiece::Type::End)
+        Cancelled();
+    ads_point point;
+    if (PointIn(piece, point))
+        return ListOf(kPick, PointValue(point));
+    return ListOf(kKey, piece.text.empty() ? kEnter : int32_t(piece.text[0]));
+}
+
 // (getfiled title name extensions flags); bit 1 asks for a file to be written.
 Value GetFileName(Interpreter&, const Arguments& arguments)
 {
@@ -172,6 +203,9 @@ const Builtin kRows[] = {
     {L"GETSTRING", GetText, 0, 2},
     {L"GETKWORD", GetKeyword, 0, 1},
     {L"ENTSEL", EntSel, 0, 1},
+    {L"NENTSEL", EntSel, 0, 1},   // entities are picked whole
+    {L"NENTSELP", NestedAt, 0, 2},
+    {L"GRREAD", ReadInput, 0, 3},
     {L"GETFILED", GetFileName, 4, 4},
 };
 

@@ -338,8 +338,13 @@ void SetProperty(Interpreter& lisp, const Value& value, std::wstring_view name, 
     const PropertyRow* row = FindRow(ClassOf(groups), name);
     if (row == nullptr || groups.IsNil() || row->how == How::ReadOnly)
         UnknownName(name);
+    AcApDocument* document = acDocManager->curDocument();
+    // entmod would make the layer.
+    const bool isKnown =
+        row->code != kLayerCode || (set.IsText() && document != nullptr &&
+                                    CoreOf(*document->database()).Table(TableKind::Layer)->find(set.text()) != nullptr);
     const Chain chain(GroupChainOf(WithGroup(groups, row->code, ToStore(lisp, *row, groups, set))));
-    if (acdbEntMod(chain.get()) != RTNORM)
+    if (!isKnown || acdbEntMod(chain.get()) != RTNORM)
         throw Failure(L"Automation Error. Invalid argument " + Shortened(set) + L" in " + std::wstring(name));
 }
 

@@ -355,6 +355,105 @@ TEST(LispSymbols, AModulesFunctionGetsItsArguments)
     acedRegFunc(nullptr, 100);
 }
 
+TEST(LispSymbols, WhatAModulesFunctionThrowsIsAnError)
+{
+    static const struct {
+        int (*function)();
+        const wchar_t* answer;
+    } rows[] = {
+        {[]() -> int { throw std::bad_alloc(); }, L"\n; error: function failed: BREAK: out of memory"},
+        {[]() -> int { throw std::runtime_error("no luck"); }, L"\n; error: function failed: BREAK: no luck"},
+        {[]() -> int { throw 5; }, L"\n; error: function failed: BREAK: an unknown exception"},
+    };
+    LispSession lisp;
+    ASSERT_EQ(acedDefun(L"break", 101), RTNORM);
+    for (const auto& row : rows) {
+        acedRegFunc(row.function, 101);
+        EXPECT_EQ(lisp(L"(break)"), row.answer);
+        EXPECT_EQ(acedRetInt(1), RTERROR);   // the call is over
+        EXPECT_EQ(lisp(L"(vl-catch-all-error-p (vl-catch-all-apply 'break))"), L"T");
+    }
+    acedUndef(L"break", 101);
+    acedRegFunc(nullptr, 101);
+}
+
+TEST(LispNames, AreCheckedAndListed)
+{
+    static const LispRow rows[] = {
+        {L"(snvalid \"Walls 1\")", L"T"},
+        {L"(snvalid \"\u5899\")", L"T"},
+        {L"(snvalid \"\")", L"nil"},
+        {L"(snvalid \" a\")", L"nil"},
+        {L"(snvalid \"a*\")", L"nil"},
+        {L"(snvalid \"a|b\")", L"nil"},
+        {L"(snvalid \"a|b\" 1)", L"T"},
+        {L"(snvalid \"a|b\" 0)", L"nil"},
+        {L"(setq n \"\") (list (repeat 255 (setq n (strcat n \"x\")) (snvalid n)) (snvalid (strcat n \"x\")))",
+         L"(T nil)"},
+        {L"(snvalid 5)", L"\n; error: bad argument type: stringp 5"},
+        {L"(layoutlist)", L"(\"Layout1\")"},
+    };
+    LispSession lisp;
+    Check(lisp, rows);
+}
+
+TEST(LispBlackboard, DocumentsShareIt)
+{
+    LispSession lisp;
+    EXPECT_EQ(lisp(L"(vl-bb-set 'shared '(1 (a . 2.5) \"text\"))"), L"(1 (A . 2.5) \"text\")");
+    lisp(L"(setq shared 5)");
+    AcApDocument* first = lisp.document;
+    std::wstring why;
+    ASSERT_EQ(KxPlat::NewDrawing(L"", lisp.document, why), Acad::eOk);
+    static const LispRow rows[] = {
+        {L"(vl-bb-ref 'shared)", L"(1 (A . 2.5) \"text\")"},
+        {L"(eq 'a (caadr (vl-bb-ref 'shared)))", L"T"},   // a symbol of this document
+        {L"shared", L"nil"},
+        {L"(vl-bb-ref 'nothing)", L"nil"},
+        {L"(vl-bb-set 'shared (lambda (x) x))", nullptr},
+        {L"(vl-bb-set 'shared nil)", L"nil"},
+    };
+    for (const LispRow& row : rows) {
+        const std::wstring answer = lisp(row.form);
+        if (row.answer != nullptr)
+            EXPECT_EQ(answer, row.answer);
+        else
+            EXPECT_EQ(answer.find(L"\n; error: bad argument type"), 0u);
+    }
+    lisp.document = first;
+    EXPECT_EQ(lisp(L"(vl-bb-ref 'shared)"), L"nil");
+}
+
+TEST(LispInput, RawInputIsAKeyOrAPoint)
+{
+    static const struct {
+        const wchar_t* typed;
+        const wchar_t* answer;
+    } rows[] = {
+        {L"3,4\n", L"(3 (3.0 4.0 0.0))"},
+        {L"a\n", L"(2 97)"},
+        {L"\n", L"(2 13)"},
+        {L"\x1b", L"nil"},
+    };
+    LispSession lisp;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(std::wstring(row.typed)));
+        lisp(L"(setq r nil)");
+        lisp.Typed(L"(progn (setq r (grread)) (princ))\n" + std::wstring(row.typed));
+        EXPECT_EQ(lisp(L"r"), row.answer);
+    }
+}
+
+TEST(LispInput, NestedPicksFindTheWholeObject)
+{
+    LispSession lisp;
+    lisp(L"(entmake '((0 . \"LINE\") (10 0 0 0) (11 10 0 0)))");
+    lisp.Typed(L"(progn (setq r (nentsel)) (princ))\n5,0\n");
+    EXPECT_EQ(lisp(L"(list (eq (car r) (entlast)) (cadr r))"), L"(T (5.0 0.0 0.0))");
+    EXPECT_EQ(lisp(L"(setq r (nentselp '(2 0 0))) (list (eq (car r) (entlast)) (cadr r))"), L"(T (2.0 0.0 0.0))");
+    EXPECT_EQ(lisp(L"(nentselp '(2 8 0))"), L"nil");
+}
+
 // Degrees in the drawing, radians in a program's lists and filters.
 TEST(LispEntities, AnglesAreRadians)
 {
