@@ -3,6 +3,7 @@
 #include "../../db/AcDbLayerTableRecord.h"
 #include "../../db/core/DbCore.h"
 #include "../../db/core/GroupResbuf.h"
+#include "../../db/core/ObjectAccess.h"
 #include "../../db/core/ObjectReader.h"
 #include "../../rx/acutads.h"
 #include "../../rx/ResBufs.h"
@@ -229,7 +230,10 @@ Acad::ErrorStatus PutGroups(AcDbObject& object, AcDbDatabase& database, const Ob
     if (status != Acad::eOk)
         return status;
     filler.Fill();
-    return from.hasXData && from.xData != nullptr ? object.setXData(from.xData) : Acad::eOk;
+    // An object that is being made has no database of its own yet.
+    return from.hasXData && from.xData != nullptr
+               ? ReplaceXData(ObjectAccess::Make(object).xData, from.xData, &database)
+               : Acad::eOk;
 }
 
 }   // namespace KxPlat

@@ -78,6 +78,16 @@ TEST(LispUtilities, TextsAreNumberedAcrossCalls)
               L"(T GONE)");
 }
 
+TEST(LispUtilities, CopiesKnowTheirOrigin)
+{
+    Utilities lisp(L"copy-to-layer");
+    lisp.Typed(L"LINE\n0,0\n5,5\n\nC2LAY\nCopies\nALL\n\n");
+    EXPECT_EQ(
+        lisp(L"(setq d (entget (entlast) '(\"C2LAY\"))) (list (cdr (assoc 8 d)) (= (cdr (assoc 5 (entget (entnext)))) "
+             L"(cdr (cadr (cadr (assoc -3 d))))))"),
+        L"(\"Copies\" T)");
+}
+
 TEST(LispUtilities, AttributesGoToAFile)
 {
     Utilities lisp(L"attribute-list");
@@ -105,6 +115,7 @@ TEST(LispObjects, PropertiesAreReadAndSet)
         {L"(rtos (vla-get-area c) 2 3)", L"\"63.617\""},
         {L"(vla-put-visible c :vlax-false) (list (vla-get-visible c) (cdr (assoc 60 (entget (entlast)))))",
          L"(:VLAX-FALSE 1)"},
+        {L"(vla-put-layer c \"Nowhere\")", L"\n; error: Automation Error. Invalid argument \"Nowhere\" in LAYER"},
         {L"(vla-get-textstring c)", L"\n; error: Automation Error. Unknown name TEXTSTRING"},
         {L"(vla-get-color 5)", L"\n; error: bad argument type: VLA-OBJECT 5"},
         {L"(list (vlax-property-available-p c 'radius) (vlax-property-available-p c 'textstring))", L"(T nil)"},
