@@ -138,3 +138,37 @@ TEST_F(Programs, AMissingFileIsPassedOverInSilence)
     EXPECT_FALSE(Says(said, L"..."));
     EXPECT_FALSE(session->HasFailed());
 }
+
+// A copy of the module in a folder of its own, so that its file is nobody else's.
+TEST_F(Programs, TheFileBesideTheModuleIsReadAtItsStart)
+{
+    ASSERT_EQ(acedArxUnload(L"KxArxBase.arx"), RTNORM);
+    std::filesystem::copy_file(KX_BIN "/KxArxBase.arx", folder + "/KxArxBase.arx",
+                               std::filesystem::copy_options::overwrite_existing);
+    const std::wstring library = KxPlat::DrivePath(KX_BIN "/probe/KxLower.arx");
+    Write("start.lsp", "(setq KX-START \"at start\")");
+    Write("KxArxBase.INI",
+          "[SUPPORTPATH]\nNum=1\n1=Z:\\AtStart\n[LOAD_ACAD]\nNum=1\n1=start.lsp\n[LOAD_ADLL]\nNum=1\n1=" +
+              KxPlat::ToUtf8(library) + "\n");
+    acedSetEnv(L"ACAD", L"c:\\fonts");
+    ui.TakePrinted();
+    ASSERT_EQ(acedArxLoad(Drive("KxArxBase.arx").c_str()), RTNORM);
+    std::wstring said = ui.TakePrinted();
+    EXPECT_TRUE(Says(said, L"\n... 加载成功 " + library + L" ...")) << KxPlat::ToUtf8(said);
+    EXPECT_TRUE(Says(said, L"\n... 加载成功 " + Drive("start.lsp") + L" ...\n")) << KxPlat::ToUtf8(said);
+    wchar_t folders[5000] = {};
+    acedGetEnv(L"ACAD", folders, 5000);
+    EXPECT_EQ(CString(folders).CompareNoCase(L"c:\\fonts;Z:\\AtStart"), 0) << KxPlat::ToUtf8(folders);
+    session->Run(L"REGEN\n");   // what the module sent comes first
+    resbuf* value = nullptr;
+    acedGetSym(L"KX-START", &value);
+    ASSERT_NE(value, nullptr);
+    EXPECT_STREQ(value->resval.rstring, L"at start");
+    acutRelRb(value);
+
+    ui.TakePrinted();
+    ASSERT_EQ(acedArxUnload(L"KxArxBase.arx"), RTNORM);
+    EXPECT_TRUE(Says(ui.TakePrinted(), L"\n... DLL卸载成功 " + library + L" ..."));
+    acedGetEnv(L"ACAD", folders, 5000);
+    EXPECT_STREQ(folders, L"c:\\fonts");
+}
