@@ -3,6 +3,9 @@
 #include "win/Files.h"
 #include "win/Processes.h"
 #include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <set>
@@ -21,6 +24,25 @@ std::string Trimmed(const std::string& line)
 {
     const size_t first = line.find_first_not_of(" \t\r");
     return first == std::string::npos ? "" : line.substr(first, line.find_last_not_of("\r") - first + 1);
+}
+
+// Reals of group codes. Their last digits are the compiler's affair.
+bool IsReal(int code)
+{
+    return (code >= 10 && code < 60) || (code >= 110 && code < 150) || (code >= 210 && code < 240) ||
+           (code >= 460 && code < 470) || (code >= 1010 && code < 1060);
+}
+
+std::string Rounded(const std::string& value)
+{
+    constexpr double kNothing = 1e-10;
+    char* end = nullptr;
+    const double number = std::strtod(value.c_str(), &end);
+    if (value.empty() || *end != 0)
+        return value;
+    char text[32];
+    std::snprintf(text, sizeof text, "%.10g", std::fabs(number) < kNothing ? 0.0 : number);
+    return text;
 }
 
 // A record ends where the next begins; those of the header begin with their name.
@@ -46,7 +68,7 @@ struct Collector {
         }
         if (handle.empty() && (code == 5 || (code == 105 && record.type == "DIMSTYLE")))
             handle = value;
-        record.groups.emplace_back(code, value);
+        record.groups.emplace_back(code, IsReal(code) ? Rounded(value) : value);
     }
 };
 
