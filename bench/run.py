@@ -61,6 +61,14 @@ def print_utilities(program, only):
         print(f"{what:<52}{shown}  {speeds[1] / speeds[0]:.1f}" if None not in speeds else f"{what:<52}{shown}")
 
 
+def print_interpreters(rows):
+    """How fast the command line and LISP go, without a goal."""
+    print(f"\n{'what':<52}{'per second':>14}")
+    for what, name in [("lines of a script", "ScriptLines"), ("additions in a LISP loop", "LispAdditions")]:
+        if name in rows:
+            print(f"{what:<52}{rows[name]['items_per_second']:14,.0f}")
+
+
 def print_toolkit(program, folder, only):
     """What the library's classes cost, beside the same work on plain structs."""
     rows = measured(program, folder, only)
@@ -128,6 +136,7 @@ def main():
     for what, unit, goal, value in table:
         verdict = "" if value is None or value <= goal else "   missed"
         print(f"{what:<52}{'-' if value is None else format(value, '.2f'):>10}{goal:>8.2f}  {unit}{verdict}")
+    print_interpreters(rows)
     print_utilities(programs / "kx_bench_utilities", options.only)
     print_toolkit(programs / "kx_bench_toolkit", folder, options.only)
 

@@ -1,0 +1,17 @@
+; Writes the attributes of all blocks to a file of values parted by commas.   Command: ATTCSV
+(defun ac:attributes (e / d out)
+  (while (and (setq e (entnext e)) (= (cdr (assoc 0 (setq d (entget e)))) "ATTRIB"))
+    (setq out (cons (cons (cdr (assoc 2 d)) (cdr (assoc 1 d))) out)))
+  (reverse out))
+(defun c:attcsv (/ file f ss i e)
+  (setq file (getstring T "\nFile: "))
+  (setq ss (ssget "X" '((0 . "INSERT") (66 . 1))) i 0)
+  (if (and ss (setq f (open file "w")))
+    (progn
+      (repeat (sslength ss)
+        (setq e (ssname ss i) i (1+ i))
+        (write-line (strcat (cdr (assoc 2 (entget e)))
+                            (apply 'strcat (mapcar '(lambda (a) (strcat "," (car a) "=" (cdr a))) (ac:attributes e)))) f))
+      (close f)
+      (princ (strcat "\n" (itoa i) " lines."))))
+  (princ))

@@ -1,0 +1,8 @@
+(setq e (entmakex '((0 . "LINE") (8 . "A") (10 0 0 0) (11 1 1 0))))
+(entmod (append (entget e) '((62 . 1))))
+(setq s (ssget "X" '((-4 . "<OR") (0 . "LINE") (62 . 1) (-4 . "OR>"))))
+(vla-put-color (vlax-ename->vla-object (ssname s 0)) 3)
+(vlax-ldata-put "D" "k" '(1 . "x"))
+(defun f (n) (if (< n 2) n (+ (f (- n 1)) (f (- n 2)))))
+(list (f 8) (vl-catch-all-apply 'car '(1)) (rtos 1.5 4 3) (angtos 1 1 4) (wcmatch "ab" "a[a-z],#"))
+(entdel e)
