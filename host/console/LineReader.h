@@ -1,9 +1,8 @@
 // Reads one line at a time: with editing, history and completion on a terminal, plainly from anything else. Meanwhile
 // messages to the program's windows wake it.
 #pragma once
-#include <functional>
+#include "Completion.h"
 #include <string>
-#include <vector>
 
 namespace KxConsole {
 
@@ -11,17 +10,16 @@ class LineReader {
 public:
     enum class Result { Line, Interrupted, Message, End };
 
-    // `complete` gives the command names that begin with a text.
-    explicit LineReader(std::function<std::vector<std::string>(const std::string&)> complete);
+    LineReader();
     ~LineReader();   // the history of a terminal outlives the session
     LineReader(const LineReader&) = delete;
 
     bool IsTerminal() const { return m_isTerminal; }
     // From now on the end of a file or pipe is no end: messages may still come, until Ctrl-C.
     void StayOpen() { m_staysOpen = true; }
-    // `prompt` stands in one line. Completion is offered where a command is asked for. After Message nothing is lost of
-    // what was typed: the next call goes on with it.
-    Result Read(const std::string& prompt, bool isCommand, std::string& line);
+    // `prompt` stands in one line. After Message nothing is lost of what was typed: the next call goes on with it.
+    // Of a pasted text each call gives a line.
+    Result Read(const std::string& prompt, const Completer& completer, std::string& line);
 
 private:
     Result ReadPlain(std::string& line);

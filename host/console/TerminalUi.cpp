@@ -1,12 +1,11 @@
 #include "TerminalUi.h"
-#include "ed/AcEdCommandStack.h"
+#include "ed/Completions.h"
 #include "ed/SessionAsk.h"
 #include "ui/TerminalDialog.h"
+#include "ui/TextMessage.h"
 #include "win/CharTables.h"
 #include "win/CodePage.h"
-#include "win/KxWinTypes.h"
 #include <cstdio>
-#include <memory>
 
 using namespace KxPlat;
 
@@ -14,41 +13,20 @@ namespace KxConsole {
 
 namespace {
 
-std::vector<std::string> CommandsThatBegin(const std::string& start)
+Completer CompleterFor(const InputRequest& request)
 {
-    std::vector<std::string> names;
-    AcEdCommandStack* stack = acedRegCmds;
-    if (stack == nullptr)
-        return names;
-    const std::wstring prefix = FromUtf8(start);
-    std::unique_ptr<AcEdCommandIterator> commands(stack->iterator());
-    for (; !commands->done(); commands->next())
-        for (const ACHAR* name : {commands->command()->globalName(), commands->command()->localName()})
-            if (StartsWithNoCase(name, prefix) && (names.empty() || names.back() != ToUtf8(name)))
-                names.push_back(ToUtf8(name));
-    return names;
+    return [&request](const std::string& typed) {
+        std::vector<std::string> lines;
+        for (const std::wstring& line : Completions(request, FromUtf8(typed)))
+            lines.push_back(ToUtf8(line));
+        return lines;
+    };
 }
-
-struct Answer {
-    wchar_t key;
-    int code;
-    const wchar_t* label;
-};
-
-// The buttons of each kind of message box, the default one of the kind first.
-const Answer kButtons[][3] = {
-    {{L'O', IDOK, L"OK"}, {}, {}},
-    {{L'O', IDOK, L"OK"}, {L'C', IDCANCEL, L"Cancel"}, {}},
-    {{L'A', IDABORT, L"Abort"}, {L'R', IDRETRY, L"Retry"}, {L'I', IDIGNORE, L"Ignore"}},
-    {{L'Y', IDYES, L"Yes"}, {L'N', IDNO, L"No"}, {L'C', IDCANCEL, L"Cancel"}},
-    {{L'Y', IDYES, L"Yes"}, {L'N', IDNO, L"No"}, {}},
-    {{L'R', IDRETRY, L"Retry"}, {L'C', IDCANCEL, L"Cancel"}, {}},
-};
 
 }   // namespace
 
 TerminalUi::TerminalUi(bool isQuiet)
-    : m_reader(CommandsThatBegin), m_isQuiet(isQuiet), m_showsProgress(IsTerminal(StandardStream::Error) && !isQuiet)
+    : m_isQuiet(isQuiet), m_showsProgress(IsTerminal(StandardStream::Error) && !isQuiet)
 {
 }
 
@@ -109,7 +87,7 @@ InputEvent TerminalUi::Ask(const InputRequest& request)
         }
         InputEvent event;
         std::string line;
-        switch (m_reader.Read(ToUtf8(shown), request.kind == InputKind::Command, line)) {
+        switch (m_reader.Read(ToUtf8(shown), CompleterFor(request), line)) {
         case LineReader::Result::Message:
             // The line editor has shown the prompt, and will again.
             if (m_reader.IsTerminal())
@@ -160,36 +138,7 @@ bool TerminalUi::Interrupted()
 
 int TerminalUi::ShowMessage(std::wstring_view text, std::wstring_view caption, unsigned type)
 {
-    const unsigned kind = type & MB_TYPEMASK;
-    const Answer(&buttons)[3] = kButtons[kind < std::size(kButtons) ? kind : 0];
-    const unsigned wanted = (type & MB_DEFMASK) >> 8;
-    const Answer& byDefault = wanted < 3 && buttons[wanted].code != 0 ? buttons[wanted] : buttons[0];
-    Print(L"\n");
-    if (!caption.empty())
-        Print(std::wstring(caption) + L": ");
-    Print(std::wstring(text) + L"\n");
-    if (buttons[1].code == 0)
-        return buttons[0].code;
-    std::wstring prompt = L"[";
-    for (const Answer& button : buttons)
-        if (button.code != 0)
-            prompt += std::wstring(prompt.size() > 1 ? L"/" : L"") + button.label;
-    prompt += std::wstring(L"] <") + byDefault.label + L">: ";
-    for (;;) {
-        InputRequest request;
-        request.kind = InputKind::Keyword;
-        request.prompt = prompt;
-        const InputEvent event = AskSession(request);
-        if (event.type != InputEvent::Type::Text)
-            return kind == 0                                                               ? IDOK
-                   : event.type == InputEvent::Type::Cancel && buttons[2].code == IDCANCEL ? IDCANCEL
-                                                                                           : byDefault.code;
-        if (event.text.empty())
-            return byDefault.code;
-        for (const Answer& button : buttons)
-            if (button.code != 0 && Upper(event.text[0]) == button.key)
-                return button.code;
-    }
+    return AskMessage(*this, text, caption, type, AskSession);
 }
 
 int TerminalUi::RunDialog(DialogModel& dialog)

@@ -76,6 +76,7 @@ struct LispHook {
     // C:NAME as a command.
     virtual bool HasCommand(AcApDocument& document, std::wstring_view name) = 0;
     virtual bool RunCommand(AcApDocument& document, std::wstring_view name) = 0;
+    virtual std::vector<std::wstring> CommandNames(AcApDocument& document) { return {}; }
     // The module goes: functions that it still has defined go with it.
     virtual void ModuleUnloaded(void* appId) {}
 };

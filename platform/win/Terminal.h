@@ -18,6 +18,8 @@ enum class Wake { Input, Message, Interrupt };
 // Waits until standard input has something to read or has ended, a message for a window has come (ServeWindows deals
 // with it), or Ctrl-C was pressed (TakeInterrupt still tells). Without `withInput` only for the latter two.
 Wake WaitForInput(bool withInput);
+// True when standard input has something to read, or ends, within that time.
+bool HasInputWithin(int milliseconds);
 // What there is on standard input, at most `size` bytes; 0 at its end.
 size_t ReadStandardInput(char* bytes, size_t size);
 

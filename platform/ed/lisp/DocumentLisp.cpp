@@ -98,6 +98,14 @@ public:
         commands.Finish();
         return true;
     }
+    std::vector<std::wstring> CommandNames(AcApDocument& document) override
+    {
+        std::vector<std::wstring> names;
+        for (const std::wstring& name : InterpreterOf(document).SymbolNames())
+            if (name.starts_with(L"C:") && CommandSymbol(document, name.substr(2)) != nullptr)
+                names.push_back(name.substr(2));
+        return names;
+    }
     void ModuleUnloaded(void* appId) override
     {
         for (AcApDocument* document : OpenDocuments())

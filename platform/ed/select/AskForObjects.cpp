@@ -9,6 +9,8 @@
 #include "../Session.h"
 #include "ChooseObjects.h"
 #include "DocumentSelection.h"
+#include <algorithm>
+#include <utility>
 
 namespace KxPlat {
 
@@ -25,7 +27,6 @@ public:
 
     int Run(std::vector<AcDbObjectId>& ids);
 
-private:
     using Step = Next (Conversation::*)();
     // `shortest` letters suffice.
     struct Option {
@@ -35,6 +36,7 @@ private:
     };
     static const Option kOptions[];
 
+private:
     Next Take(const InputPiece& piece);
     Next TakeText(const std::wstring& text);
     Next TakeValue(const resbuf& value);
@@ -77,22 +79,22 @@ private:
 };
 
 const Conversation::Option Conversation::kOptions[] = {
-    {L"WINDOW", 1, &Conversation::Window},
-    {L"LAST", 1, &Conversation::Last},
-    {L"CROSSING", 1, &Conversation::Crossing},
+    {L"Window", 1, &Conversation::Window},
+    {L"Last", 1, &Conversation::Last},
+    {L"Crossing", 1, &Conversation::Crossing},
     {L"BOX", 3, &Conversation::Box},
     {L"ALL", 3, &Conversation::All},
-    {L"FENCE", 1, &Conversation::Fence},
-    {L"WPOLYGON", 2, &Conversation::WindowPolygon},
-    {L"CPOLYGON", 2, &Conversation::CrossingPolygon},
-    {L"GROUP", 1, &Conversation::Group},
-    {L"ADD", 1, &Conversation::Adding},
-    {L"REMOVE", 1, &Conversation::Removing},
-    {L"MULTIPLE", 1, &Conversation::Plain},
-    {L"PREVIOUS", 1, &Conversation::Previous},
-    {L"UNDO", 1, &Conversation::Undo},
-    {L"AUTO", 2, &Conversation::Plain},
-    {L"SINGLE", 2, &Conversation::Single},
+    {L"Fence", 1, &Conversation::Fence},
+    {L"WPolygon", 2, &Conversation::WindowPolygon},
+    {L"CPolygon", 2, &Conversation::CrossingPolygon},
+    {L"Group", 1, &Conversation::Group},
+    {L"Add", 1, &Conversation::Adding},
+    {L"Remove", 1, &Conversation::Removing},
+    {L"Multiple", 1, &Conversation::Plain},
+    {L"Previous", 1, &Conversation::Previous},
+    {L"Undo", 1, &Conversation::Undo},
+    {L"AUto", 2, &Conversation::Plain},
+    {L"SIngle", 2, &Conversation::Single},
 };
 
 // Of entities only: what else a LISP program hands over is turned away before.
@@ -181,9 +183,10 @@ Next Conversation::Found(const std::vector<AcDbObjectId>& ids)
 
 Next Conversation::Help()
 {
-    Ui().Print(
-        L"\n*Invalid selection*\nExpects a point or Window/Last/Crossing/BOX/ALL/Fence/WPolygon/CPolygon/Group/Add/"
-        L"Remove/Multiple/Previous/Undo/AUto/SIngle");
+    std::wstring text = L"\n*Invalid selection*\nExpects a point or ";
+    for (const Option& option : kOptions)
+        text += std::wstring(&option == kOptions ? L"" : L"/") + option.name;
+    Ui().Print(text);
     return Next::GoOn;
 }
 
@@ -357,9 +360,9 @@ Next Conversation::TakeText(const std::wstring& typed)
         SetLastPoint(point);
         return TakePoint(AcGePoint2d(point[X], point[Y]));
     }
-    const std::wstring word = Upper(typed[0] == L'_' ? std::wstring_view(typed).substr(1) : std::wstring_view(typed));
+    const std::wstring_view word = std::wstring_view(typed).substr(typed[0] == L'_' ? 1 : 0);
     for (const Option& option : kOptions)
-        if (word.size() >= option.shortest && std::wstring_view(option.name).substr(0, word.size()) == word)
+        if (word.size() >= option.shortest && StartsWithNoCase(option.name, word))
             return (this->*option.step)();
     return Help();
 }
@@ -383,8 +386,32 @@ Next Conversation::Take(const InputPiece& piece)
     return Found(ids);
 }
 
+// For as long as the conversation lasts, the document shows its set. Conversations may be nested.
+class Shown {
+public:
+    explicit Shown(const SelectionSet& set)
+        : m_document(acDocManager->curDocument()),
+          m_selection(CurrentSelection()),
+          m_outer(std::exchange(m_selection.choosing, &set))
+    {
+    }
+    ~Shown()
+    {
+        const std::vector<AcApDocument*>& all = OpenDocuments();
+        if (m_document == nullptr || std::find(all.begin(), all.end(), m_document) != all.end())
+            m_selection.choosing = m_outer;
+    }
+    Shown(const Shown&) = delete;
+
+private:
+    AcApDocument* m_document;
+    DocumentSelection& m_selection;
+    const SelectionSet* m_outer;
+};
+
 int Conversation::Run(std::vector<AcDbObjectId>& ids)
 {
+    const Shown shown(m_set);
     m_isSingle = m_choice.isSingle;
     for (;;) {
         InputRequest request;
@@ -405,6 +432,17 @@ int Conversation::Run(std::vector<AcDbObjectId>& ids)
 }
 
 }   // namespace
+
+const std::vector<std::wstring>& SelectionOptions()
+{
+    static const std::vector<std::wstring> names = [] {
+        std::vector<std::wstring> made;
+        for (const Conversation::Option& option : Conversation::kOptions)
+            made.emplace_back(option.name);
+        return made;
+    }();
+    return names;
+}
 
 int AskForObjects(const Choice& choice, std::vector<AcDbObjectId>& ids)
 {

@@ -14,6 +14,9 @@ AcDbObjectId ObjectAt(AcDbDatabase& database, const AcGePoint2d& point);
 // Live members of a named group.
 std::vector<AcDbObjectId> MembersOfGroup(AcDbDatabase& database, const std::wstring& name);
 
+// The words that the question for objects takes, as "?" lists them; their capitals suffice.
+const std::vector<std::wstring>& SelectionOptions();
+
 struct Choice {
     std::wstring addPrompt = L"\nSelect objects: ";
     std::wstring removePrompt = L"\nRemove objects: ";

@@ -59,6 +59,12 @@ Wake WaitForInput(bool withInput)
     return ready[0].revents == 0 && ready[1].revents != 0 ? Wake::Message : Wake::Input;
 }
 
+bool HasInputWithin(int milliseconds)
+{
+    pollfd input = {STDIN_FILENO, POLLIN, 0};
+    return poll(&input, 1, milliseconds) > 0;
+}
+
 size_t ReadStandardInput(char* bytes, size_t size)
 {
     const ssize_t count = read(STDIN_FILENO, bytes, size);
