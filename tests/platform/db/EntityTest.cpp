@@ -344,13 +344,15 @@ TEST_F(Entities, InsertionsInRowsAndWithinEachOther)
 
 TEST_F(Entities, ABlockThatContainsItselfEnds)
 {
+    const AcDbObjectId other = AddBlock(L"other", {});
     const AcDbObjectId block = AddBlock(L"ring", {new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 1, 0))});
     AcDbBlockTableRecord* record = nullptr;
     ASSERT_EQ(acdbOpenObject(record, block, AcDb::kForWrite), Acad::eOk);
     for (int copies = 0; copies < 3; ++copies) {
-        auto* again = new AcDbBlockReference(AcGePoint3d(1, 0, 0), block);
+        auto* again = new AcDbBlockReference(AcGePoint3d(1, 0, 0), other);
         again->setRotation(0.3);
-        record->appendAcDbEntity(again);
+        ASSERT_EQ(record->appendAcDbEntity(again), Acad::eOk);
+        EXPECT_EQ(again->setBlockTableRecord(block), Acad::eOk);   // appending one that points here is refused
         again->close();
     }
     record->close();
