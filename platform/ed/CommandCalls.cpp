@@ -1,5 +1,6 @@
 // Running commands from code, and the hooks into the host's message loop.
 #include "../rx/ResBufs.h"
+#include "../ui/WindowQueue.h"
 #include "acedads.h"
 #include "Prompt.h"
 #include "Session.h"
@@ -91,8 +92,10 @@ void ads_queueexpr(const ACHAR* expression)
         acDocManager->sendStringToExecute(document, expression, true, false, false);
 }
 
+// The queue of windows calls PassMessage from the first hook on; without hooks it lets everything through.
 int acedRegisterFilterWinMsg(AcedFilterWinMsgFn function)
 {
+    KxPlat::AddMessageFilter(KxPlat::PassMessage);
     return KxPlat::TheEditor() != nullptr ? AddTo(KxPlat::TheEditor()->filters, function) : 0;
 }
 
@@ -103,6 +106,7 @@ int acedRemoveFilterWinMsg(AcedFilterWinMsgFn function)
 
 int acedRegisterWatchWinMsg(AcedWatchWinMsgFn function)
 {
+    KxPlat::AddMessageFilter(KxPlat::PassMessage);
     return KxPlat::TheEditor() != nullptr ? AddTo(KxPlat::TheEditor()->watches, function) : 0;
 }
 

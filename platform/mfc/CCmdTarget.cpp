@@ -46,6 +46,9 @@ BOOL CCmdTarget::OnCmdMsg(UINT id, int code, void* extra, AFX_CMDHANDLERINFO*)
         (this->*handler.notify)(notify->pNMHDR, notify->pResult);
         return TRUE;
     }
+    case AFX_MSGHANDLER::Update:
+        (this->*handler.update)(static_cast<CCmdUI*>(extra));
+        return TRUE;
     default:
         return FALSE;
     }

@@ -6,39 +6,9 @@
 // A message that a class has no row for goes to the map of its base.
 #pragma once
 #include "../ui/ControlStyles.h"
-#include "CObject.h"
+#include "AfxHandler.h"
 
-class CCmdTarget;
 struct AFX_CMDHANDLERINFO;
-
-// A member of one of the signatures that handlers have.
-struct AFX_MSGHANDLER {
-    enum Kind { None, Plain, Range, Notify, Message, Timer, Size };
-    typedef void (CCmdTarget::*PlainMember)();
-    typedef void (CCmdTarget::*RangeMember)(UINT id);
-    typedef void (CCmdTarget::*NotifyMember)(NMHDR* header, LRESULT* result);
-    typedef LRESULT (CCmdTarget::*MessageMember)(WPARAM wParam, LPARAM lParam);
-    typedef void (CCmdTarget::*TimerMember)(UINT_PTR id);
-    typedef void (CCmdTarget::*SizeMember)(UINT type, int width, int height);
-
-    constexpr AFX_MSGHANDLER() : kind(None), plain(nullptr) {}
-    constexpr AFX_MSGHANDLER(PlainMember member) : kind(Plain), plain(member) {}
-    constexpr AFX_MSGHANDLER(RangeMember member) : kind(Range), range(member) {}
-    constexpr AFX_MSGHANDLER(NotifyMember member) : kind(Notify), notify(member) {}
-    constexpr AFX_MSGHANDLER(MessageMember member) : kind(Message), message(member) {}
-    constexpr AFX_MSGHANDLER(TimerMember member) : kind(Timer), timer(member) {}
-    constexpr AFX_MSGHANDLER(SizeMember member) : kind(Size), size(member) {}
-
-    Kind kind;
-    union {
-        PlainMember plain;
-        RangeMember range;
-        NotifyMember notify;
-        MessageMember message;
-        TimerMember timer;
-        SizeMember size;
-    };
-};
 
 struct AFX_MSGMAP_ENTRY {
     UINT nMessage;
@@ -118,4 +88,31 @@ protected:                                                                      
 #define ON_WM_PAINT() AFX_MSG_ROW(WM_PAINT, 0, 0, 0, PlainMember, &ThisClass::OnPaint)
 #define ON_WM_TIMER() AFX_MSG_ROW(WM_TIMER, 0, 0, 0, TimerMember, &ThisClass::OnTimer)
 #define ON_WM_SIZE() AFX_MSG_ROW(WM_SIZE, 0, 0, 0, SizeMember, &ThisClass::OnSize)
+#define ON_WM_MOVE() AFX_MSG_ROW(WM_MOVE, 0, 0, 0, MoveMember, &ThisClass::OnMove)
+#define ON_WM_CREATE() AFX_MSG_ROW(WM_CREATE, 0, 0, 0, CreateMember, &ThisClass::OnCreate)
+#define ON_WM_SHOWWINDOW() AFX_MSG_ROW(WM_SHOWWINDOW, 0, 0, 0, ShowMember, &ThisClass::OnShowWindow)
+#define ON_WM_ERASEBKGND() AFX_MSG_ROW(WM_ERASEBKGND, 0, 0, 0, EraseMember, &ThisClass::OnEraseBkgnd)
+#define ON_WM_SETCURSOR() AFX_MSG_ROW(WM_SETCURSOR, 0, 0, 0, CursorMember, &ThisClass::OnSetCursor)
+#define ON_WM_SETFOCUS() AFX_MSG_ROW(WM_SETFOCUS, 0, 0, 0, WindowMember, &ThisClass::OnSetFocus)
+#define ON_WM_KILLFOCUS() AFX_MSG_ROW(WM_KILLFOCUS, 0, 0, 0, WindowMember, &ThisClass::OnKillFocus)
+#define ON_WM_CAPTURECHANGED() AFX_MSG_ROW(WM_CAPTURECHANGED, 0, 0, 0, WindowMember, &ThisClass::OnCaptureChanged)
+#define ON_WM_NCHITTEST() AFX_MSG_ROW(WM_NCHITTEST, 0, 0, 0, HitTestMember, &ThisClass::OnNcHitTest)
+#define ON_WM_KEYDOWN() AFX_MSG_ROW(WM_KEYDOWN, 0, 0, 0, KeyMember, &ThisClass::OnKeyDown)
+#define ON_WM_KEYUP() AFX_MSG_ROW(WM_KEYUP, 0, 0, 0, KeyMember, &ThisClass::OnKeyUp)
+#define ON_WM_CHAR() AFX_MSG_ROW(WM_CHAR, 0, 0, 0, KeyMember, &ThisClass::OnChar)
+#define ON_WM_MOUSEMOVE() AFX_MSG_ROW(WM_MOUSEMOVE, 0, 0, 0, MouseMember, &ThisClass::OnMouseMove)
+#define ON_WM_MOUSEWHEEL() AFX_MSG_ROW(WM_MOUSEWHEEL, 0, 0, 0, WheelMember, &ThisClass::OnMouseWheel)
+#define ON_WM_LBUTTONDOWN() AFX_MSG_ROW(WM_LBUTTONDOWN, 0, 0, 0, MouseMember, &ThisClass::OnLButtonDown)
+#define ON_WM_LBUTTONUP() AFX_MSG_ROW(WM_LBUTTONUP, 0, 0, 0, MouseMember, &ThisClass::OnLButtonUp)
+#define ON_WM_LBUTTONDBLCLK() AFX_MSG_ROW(WM_LBUTTONDBLCLK, 0, 0, 0, MouseMember, &ThisClass::OnLButtonDblClk)
+#define ON_WM_MBUTTONDOWN() AFX_MSG_ROW(WM_MBUTTONDOWN, 0, 0, 0, MouseMember, &ThisClass::OnMButtonDown)
+#define ON_WM_MBUTTONUP() AFX_MSG_ROW(WM_MBUTTONUP, 0, 0, 0, MouseMember, &ThisClass::OnMButtonUp)
+#define ON_WM_RBUTTONDOWN() AFX_MSG_ROW(WM_RBUTTONDOWN, 0, 0, 0, MouseMember, &ThisClass::OnRButtonDown)
+#define ON_WM_RBUTTONUP() AFX_MSG_ROW(WM_RBUTTONUP, 0, 0, 0, MouseMember, &ThisClass::OnRButtonUp)
+#define ON_WM_CONTEXTMENU() AFX_MSG_ROW(WM_CONTEXTMENU, 0, 0, 0, ContextMember, &ThisClass::OnContextMenu)
+#define ON_WM_INITMENUPOPUP() AFX_MSG_ROW(WM_INITMENUPOPUP, 0, 0, 0, InitMenuMember, &ThisClass::OnInitMenuPopup)
+// Asked before a menu is shown; the rows have a message number of their own.
+#define CN_UPDATE_COMMAND_UI (-1)
+#define ON_UPDATE_COMMAND_UI(id, member) AFX_MSG_ROW(0xFFFF, 0xFFFF, WORD(id), WORD(id), UpdateMember, member)
+#define ON_UPDATE_COMMAND_UI_RANGE(first, last, member) AFX_MSG_ROW(0xFFFF, 0xFFFF, WORD(first), WORD(last), UpdateMember, member)
 // clang-format on

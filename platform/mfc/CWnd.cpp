@@ -1,5 +1,7 @@
 #include "CWnd.h"
 #include "../ui/HostUi.h"
+#include "../ui/WindowQueue.h"
+#include "../ui/WindowTable.h"
 #include "AfxMessageBox.h"
 #include "CDataExchange.h"
 #include "CException.h"
@@ -9,6 +11,8 @@
 #include <cwchar>
 
 using KxPlat::DialogControl;
+using KxPlat::FindWindowOf;
+using KxPlat::NativeWindow;
 using KxPlat::TextView;
 using KxPlat::ToCString;
 
@@ -26,33 +30,27 @@ int CopyText(const std::wstring& text, wchar_t* buffer, int size)
 
 }   // namespace
 
-CWnd::~CWnd()
-{
-    if (m_windows != nullptr && m_control != nullptr)
-        m_windows->Detach(*this);
-}
-
 int CWnd::GetDlgCtrlID() const
 {
-    return m_control == nullptr ? 0 : m_control->id;
+    if (m_control != nullptr)
+        return m_control->id;
+    const NativeWindow* window = FindWindowOf(m_hWnd);
+    return window == nullptr ? 0 : int(window->id);
 }
 
 CWnd* CWnd::GetParent() const
 {
-    return m_control == nullptr ? nullptr : &m_windows->Dialog();
+    const NativeWindow* window = FindWindowOf(m_hWnd);
+    return window == nullptr ? nullptr : FromHandle(window->parent);
 }
 
 // --- the window itself ------------------------------------------------------------------------------------------
 
 void CWnd::SetWindowText(const wchar_t* text)
 {
-    const std::wstring newText = text == nullptr ? L"" : text;
-    if (m_control == nullptr) {
-        if (m_windows != nullptr)
-            m_windows->model.caption = newText;
+    KxPlat::SetNativeText(m_hWnd, text == nullptr ? L"" : text);
+    if (m_control == nullptr)
         return;
-    }
-    m_control->text = newText;
     if (m_control->kind == KxPlat::ControlKind::Edit && (m_control->style & ES_MULTILINE) == 0) {
         NotifyParent(EN_UPDATE);
         NotifyParent(EN_CHANGE);
@@ -61,10 +59,11 @@ void CWnd::SetWindowText(const wchar_t* text)
 
 void CWnd::GetWindowText(CString& text) const
 {
-    if (m_windows == nullptr)
+    const NativeWindow* window = FindWindowOf(m_hWnd);
+    if (window == nullptr)
         text.Empty();
     else
-        text = ToCString(m_control == nullptr ? m_windows->model.caption : m_control->text);
+        text = ToCString(window->Text());
 }
 
 int CWnd::GetWindowText(wchar_t* text, int size) const
@@ -84,59 +83,71 @@ int CWnd::GetWindowTextLength() const
 BOOL CWnd::EnableWindow(BOOL enable)
 {
     const BOOL wasDisabled = !IsWindowEnabled();
-    if (m_control != nullptr)
-        m_control->enabled = enable != FALSE;
+    KxPlat::EnableNativeWindow(m_hWnd, enable != FALSE);
     return wasDisabled;
 }
 
 BOOL CWnd::IsWindowEnabled() const
 {
-    return m_control == nullptr || m_control->enabled;
+    const NativeWindow* window = FindWindowOf(m_hWnd);
+    return window == nullptr || window->IsEnabled();
 }
 
 BOOL CWnd::ShowWindow(int command)
 {
-    const BOOL wasVisible = IsWindowVisible();
-    if (m_control != nullptr)
-        m_control->visible = command != SW_HIDE;
+    const NativeWindow* window = FindWindowOf(m_hWnd);
+    const BOOL wasVisible = window != nullptr && window->IsVisible();
+    KxPlat::ShowNativeWindow(m_hWnd, command != SW_HIDE);
     return wasVisible;
 }
 
+// A control counts by itself, so that a dialog can ask before it is shown.
 BOOL CWnd::IsWindowVisible() const
 {
-    return m_control == nullptr ? m_windows != nullptr : m_control->visible;
+    return m_control == nullptr ? KxPlat::IsShown(m_hWnd) : m_control->visible;
 }
 
 DWORD CWnd::GetStyle() const
 {
-    if (m_windows == nullptr)
-        return 0;
-    return m_control == nullptr ? m_windows->model.style : m_control->style;
+    const NativeWindow* window = FindWindowOf(m_hWnd);
+    return window == nullptr ? 0 : window->Style();
 }
 
 DWORD CWnd::GetExStyle() const
 {
-    if (m_windows == nullptr)
-        return 0;
-    return m_control == nullptr ? m_windows->model.exStyle : m_control->exStyle;
+    const NativeWindow* window = FindWindowOf(m_hWnd);
+    return window == nullptr ? 0 : window->ExStyle();
 }
 
 BOOL CWnd::ModifyStyle(DWORD remove, DWORD add, UINT)
 {
-    if (m_windows == nullptr)
-        return FALSE;
-    uint32_t& style = m_control == nullptr ? m_windows->model.style : m_control->style;
-    const uint32_t before = style;
-    style = (style & ~remove) | add;
-    return style != before;
+    const DWORD before = GetStyle(), after = (before & ~remove) | add;
+    if (before != after)
+        KxPlat::SetNativeStyle(m_hWnd, after);
+    return before != after;
 }
 
+BOOL CWnd::ModifyStyleEx(DWORD remove, DWORD add, UINT)
+{
+    const DWORD before = GetExStyle(), after = (before & ~remove) | add;
+    if (before != after)
+        KxPlat::SetNativeExStyle(m_hWnd, after);
+    return before != after;
+}
+
+// In a dialog the controls take turns, without the window's own focus.
 CWnd* CWnd::SetFocus()
 {
-    if (m_control == nullptr)
+    const NativeWindow* window = FindWindowOf(m_hWnd);
+    if (window == nullptr)
         return nullptr;
-    CWnd* before = m_windows->WindowOf(m_windows->model.focusId);
-    m_windows->model.focusId = m_control->id;
+    CWnd* before = nullptr;
+    if (m_control != nullptr) {
+        before = m_windows->WindowOf(m_windows->model.focusId);
+        m_windows->model.focusId = m_control->id;
+    }
+    if (m_control == nullptr || window->isDrawn)
+        before = FromHandle(KxPlat::FocusOn(m_hWnd));
     return before;
 }
 
@@ -149,7 +160,15 @@ int CWnd::MessageBox(const wchar_t* text, const wchar_t* caption, UINT type)
 
 CWnd* CWnd::GetDlgItem(int id) const
 {
-    return m_windows == nullptr || m_control != nullptr ? nullptr : m_windows->WindowOf(id);
+    if (m_windows != nullptr && m_control == nullptr) {
+        if (CWnd* control = m_windows->WindowOf(id))
+            return control;
+    }
+    for (HWND child : KxPlat::ChildrenOf(m_hWnd)) {
+        if (FindWindowOf(child)->id == UINT(id))
+            return FromHandle(child);
+    }
+    return nullptr;
 }
 
 void CWnd::SetDlgItemText(int id, const wchar_t* text)
@@ -194,14 +213,15 @@ UINT CWnd::GetDlgItemInt(int id, BOOL* translated, BOOL isSigned) const
 
 void CWnd::CheckDlgButton(int id, UINT check)
 {
-    if (const CWnd* item = GetDlgItem(id))
+    const CWnd* item = GetDlgItem(id);
+    if (item != nullptr && item->m_control != nullptr)
         item->m_control->check = int(check);
 }
 
 UINT CWnd::IsDlgButtonChecked(int id) const
 {
     const CWnd* item = GetDlgItem(id);
-    return item == nullptr ? 0 : UINT(item->m_control->check);
+    return item == nullptr || item->m_control == nullptr ? 0 : UINT(item->m_control->check);
 }
 
 void CWnd::CheckRadioButton(int first, int last, int checked)
@@ -220,46 +240,6 @@ int CWnd::GetCheckedRadioButton(int first, int last) const
 }
 
 // --- messages ---------------------------------------------------------------------------------------------------
-
-LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam)
-{
-    return m_hWnd == nullptr ? 0 : WindowProc(message, wParam, lParam);
-}
-
-LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
-{
-    LRESULT result = 0;
-    if (message == WM_COMMAND) {
-        OnCommand(wParam, lParam);
-    } else if (message == WM_NOTIFY) {
-        OnNotify(wParam, lParam, &result);
-    } else if (const AFX_MSGMAP_ENTRY* entry = FindMessageEntry(message, 0, 0)) {
-        RunHandler(entry->handler, wParam, lParam, result);
-    } else if (message == WM_CLOSE) {
-        OnCommand(IDCANCEL, 0);   // as the box in a dialog's caption
-    }
-    return result;
-}
-
-BOOL CWnd::RunHandler(const AFX_MSGHANDLER& handler, WPARAM wParam, LPARAM lParam, LRESULT& result)
-{
-    switch (handler.kind) {
-    case AFX_MSGHANDLER::Plain:
-        (this->*handler.plain)();
-        return TRUE;
-    case AFX_MSGHANDLER::Message:
-        result = (this->*handler.message)(wParam, lParam);
-        return TRUE;
-    case AFX_MSGHANDLER::Timer:
-        (this->*handler.timer)(wParam);
-        return TRUE;
-    case AFX_MSGHANDLER::Size:
-        (this->*handler.size)(UINT(wParam), int16_t(LOWORD(lParam)), int16_t(HIWORD(lParam)));
-        return TRUE;
-    default:
-        return FALSE;
-    }
-}
 
 BOOL CWnd::OnCommand(WPARAM wParam, LPARAM)
 {

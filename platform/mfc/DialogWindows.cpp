@@ -6,6 +6,7 @@
 #include "CListBox.h"
 #include "CListCtrl.h"
 #include "CStatic.h"
+#include "WindowObjects.h"
 
 namespace KxPlat {
 
@@ -63,37 +64,63 @@ DialogWindows::DialogWindows(CWnd& dialog) : m_dialog(dialog)
 {
     model.listener = this;
     dialog.m_windows = this;
-    dialog.m_hWnd = reinterpret_cast<HWND>(this);
 }
 
 DialogWindows::~DialogWindows()
 {
+    Close();
+    m_dialog.m_windows = nullptr;
+}
+
+void DialogWindows::Open(HWND parent)
+{
+    WindowPlan plan;
+    plan.parent = parent;
+    plan.className = L"#32770";
+    plan.rect = PixelsOf(model.rect, model.fontSize);
+    plan.procedure = WindowObjects::Procedure;
+    plan.dialog = &model;
+    NativeWindow& dialog = AddWindow(plan);
+    model.window = dialog.handle;
+    WindowObjects::Tie(dialog, m_dialog);
+    for (const auto& control : model.Controls()) {
+        WindowPlan below;
+        below.parent = model.window;
+        below.className = control->className;
+        below.rect = PixelsOf(control->rect, model.fontSize);
+        below.id = UINT(control->id);
+        below.procedure = WindowObjects::Procedure;
+        below.control = control.get();
+        control->window = AddWindow(below).handle;
+    }
+}
+
+void DialogWindows::Close()
+{
+    RemoveWindow(model.window);
     while (!m_attached.empty())
         Detach(*m_attached.begin()->second);
-    for (auto& [control, window] : m_temporary) {
-        window->m_windows = nullptr;
-        window->m_control = nullptr;
-        window->m_hWnd = nullptr;
-    }
-    m_dialog.m_windows = nullptr;
-    m_dialog.m_hWnd = nullptr;
+    model.window = nullptr;
 }
 
 void DialogWindows::Attach(CWnd& window, DialogControl& control)
 {
-    if (!m_attached.emplace(&control, &window).second)
+    NativeWindow* native = FindWindowOf(control.window);
+    if (native == nullptr || !m_attached.emplace(&control, &window).second)
         return;
+    if (CWnd* temporary = static_cast<CWnd*>(native->object))
+        WindowObjects::Untie(*temporary);
     window.m_windows = this;
     window.m_control = &control;
-    window.m_hWnd = reinterpret_cast<HWND>(&control);
+    WindowObjects::Tie(*native, window);
 }
 
 void DialogWindows::Detach(CWnd& window)
 {
     m_attached.erase(window.m_control);
+    WindowObjects::Untie(window);
     window.m_windows = nullptr;
     window.m_control = nullptr;
-    window.m_hWnd = nullptr;
 }
 
 void DialogWindows::AttachById(CWnd& dialog, int id, CWnd& window)
@@ -125,12 +152,16 @@ CWnd* DialogWindows::WindowOf(DialogControl& control)
     const auto attached = m_attached.find(&control);
     if (attached != m_attached.end())
         return attached->second;
+    NativeWindow* native = FindWindowOf(control.window);
+    if (native == nullptr)
+        return nullptr;
     std::unique_ptr<CWnd>& window = m_temporary[&control];
-    if (window == nullptr) {
+    if (window == nullptr)
         window = WindowFor(control.kind);
+    if (window->m_hWnd == nullptr) {
         window->m_windows = this;
         window->m_control = &control;
-        window->m_hWnd = reinterpret_cast<HWND>(&control);
+        WindowObjects::Tie(*native, *window);
     }
     return window.get();
 }
@@ -160,13 +191,14 @@ void DialogWindows::OnDialogEvent(const DialogEvent& event)
 
 void DialogWindows::Command(int id, UINT code, DialogControl* control)
 {
-    m_dialog.SendMessage(WM_COMMAND, MAKEWPARAM(WORD(id), code), reinterpret_cast<LPARAM>(control));
+    m_dialog.SendMessage(WM_COMMAND, MAKEWPARAM(WORD(id), code),
+                         control == nullptr ? 0 : reinterpret_cast<LPARAM>(control->window));
 }
 
 void DialogWindows::Notify(DialogControl& control, UINT code)
 {
     NMLISTVIEW notice = {};
-    notice.hdr = {reinterpret_cast<HWND>(&control), UINT_PTR(control.id), code};
+    notice.hdr = {control.window, UINT_PTR(control.id), code};
     notice.iItem = control.focusedRow;
     const bool isRow = notice.iItem >= 0 && notice.iItem < int(control.rows.size());
     if (isRow && control.rows[size_t(notice.iItem)].selected)

@@ -11,6 +11,10 @@ class DialogWindows : public DialogListener {
 public:
     explicit DialogWindows(CWnd& dialog);
     ~DialogWindows() override;   // all window objects lose their windows
+    // Gives the dialog and its controls their windows, once the model is there.
+    void Open(HWND parent);
+    // Destroys them, and those that the program made in the dialog.
+    void Close();
     DialogWindows(const DialogWindows&) = delete;
 
     DialogModel model;

@@ -2,6 +2,7 @@
 // The dialog may change any of it while it handles a report, so a backend shows everything anew after each one, and
 // leaves when Ended() says so. Controls keep their place in memory as long as the dialog lives.
 #pragma once
+#include "../win/KxWinTypes.h"
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -44,6 +45,7 @@ struct DialogControl {
     std::vector<DialogColumn> columns;
     std::vector<DialogRow> rows;
     int focusedRow = -1;
+    HWND window = nullptr;   // one that draws itself (NativeWindow::isDrawn) is shown by the window backend
 
     bool IsPressed() const;   // push buttons, check boxes, radio buttons
     bool IsList() const;      // list boxes and list views
@@ -80,6 +82,7 @@ public:
     uint32_t exStyle = 0;
     DialogRect rect;
     int focusId = 0;
+    HWND window = nullptr;                // parent of the windows of the controls, and of what was made in the dialog
     DialogListener* listener = nullptr;   // not owned; may be null
 
     DialogControl& Add(DialogControl control);

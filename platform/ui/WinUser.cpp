@@ -2,8 +2,10 @@
 #include "../win/CharTables.h"
 #include "../win/TopWindows.h"
 #include "../win/WinAnswer.h"
+#include "WindowClasses.h"
 #include "WindowQueue.h"
 #include "WindowTable.h"
+#include <algorithm>
 #include <map>
 
 namespace {
@@ -51,6 +53,15 @@ HCURSOR CursorOf(WORD shape)
     return reinterpret_cast<HCURSOR>(uintptr_t(shape));
 }
 
+// The colours of the system; other brushes are the window's own matter.
+void SetBackground(NativeWindow& window, HBRUSH brush)
+{
+    const auto number = reinterpret_cast<uintptr_t>(brush);
+    window.hasBackground = number == COLOR_WINDOW + 1 || number == COLOR_BTNFACE + 1;
+    if (number == COLOR_BTNFACE + 1)
+        window.background = RGB(240, 240, 240);
+}
+
 bool TellCreated(HWND handle, CREATESTRUCTW& facts)
 {
     if (CallNativeWindow(handle, WM_NCCREATE, 0, reinterpret_cast<LPARAM>(&facts)) == FALSE)
@@ -79,38 +90,47 @@ BOOL UnregisterClassW(LPCWSTR name, HINSTANCE)
 HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style, int x, int y, int width, int height,
                      HWND parent, HMENU idOrMenu, HINSTANCE module, LPVOID parameter)
 {
-    const auto kind = Classes().find(ClassKey(className));
-    const bool isChild = (style & WS_CHILD) != 0;
-    if (kind == Classes().end() || (isChild && FindWindowOf(parent) == nullptr)) {
-        FailWith(isChild ? ERROR_INVALID_WINDOW_HANDLE : ERROR_INVALID_PARAMETER);
+    const CREATESTRUCTW facts = {parameter, module, idOrMenu,    parent, height,    width,
+                                 y,         x,      LONG(style), text,   className, exStyle};
+    return MakeWindow(facts, nullptr, nullptr);
+}
+
+HWND KxPlat::MakeWindow(const CREATESTRUCTW& facts, WindowMade made, void* object)
+{
+    const auto kind = Classes().find(ClassKey(facts.lpszClass));
+    const bool isChild = (facts.style & LONG(WS_CHILD)) != 0;
+    if (kind == Classes().end() || (isChild && FindWindowOf(facts.hwndParent) == nullptr)) {
+        FailWith(kind == Classes().end() ? ERROR_CANNOT_FIND_WND_CLASS : ERROR_INVALID_WINDOW_HANDLE);
         return nullptr;
     }
-    const LONG left = x == CW_USEDEFAULT ? 0 : x, top = y == CW_USEDEFAULT ? 0 : y;
-    const LONG wide = width == CW_USEDEFAULT || width < 0 ? 0 : width;
-    const LONG high = height == CW_USEDEFAULT || height < 0 ? 0 : height;
+    const auto place = [](int value) { return value == CW_USEDEFAULT ? 0 : value; };
+    const LONG width = std::max(place(facts.cx), 0), height = std::max(place(facts.cy), 0);
+    const LONG left = place(facts.x), top = place(facts.y);
     WindowPlan plan;
-    plan.parent = parent;
-    plan.className = className;
-    plan.text = text == nullptr ? L"" : text;
-    plan.style = style & ~WS_VISIBLE;
-    plan.exStyle = exStyle;
-    plan.rect = {left, top, left + wide, top + high};
-    plan.id = isChild ? UINT(reinterpret_cast<uintptr_t>(idOrMenu)) : 0;
+    plan.parent = facts.hwndParent;
+    plan.className = facts.lpszClass;
+    plan.text = facts.lpszName == nullptr ? L"" : facts.lpszName;
+    plan.style = uint32_t(facts.style) & ~WS_VISIBLE;
+    plan.exStyle = facts.dwExStyle;
+    plan.rect = {left, top, left + width, top + height};
+    plan.id = isChild ? UINT(reinterpret_cast<uintptr_t>(facts.hMenu)) : 0;
     plan.procedure = kind->second.procedure;
+    plan.isDrawn = true;
     NativeWindow& window = AddWindow(plan);
     window.cursor = kind->second.cursor;
-    window.isDrawn = true;
-    window.isInvalid = true;
+    window.isInvalid = window.mustErase = true;
+    SetBackground(window, kind->second.background);
     const HWND handle = window.handle;
-    CREATESTRUCTW facts = {parameter, module,    idOrMenu,    parent, int(high), int(wide),
-                           int(top),  int(left), LONG(style), text,   className, exStyle};
-    if (!TellCreated(handle, facts)) {
+    if (made != nullptr)
+        made(window, object);
+    CREATESTRUCTW told = facts;
+    if (!TellCreated(handle, told)) {
         RemoveWindow(handle);
         return nullptr;
     }
-    CallNativeWindow(handle, WM_SIZE, SIZE_RESTORED, MAKELPARAM(WORD(wide), WORD(high)));
+    CallNativeWindow(handle, WM_SIZE, SIZE_RESTORED, MAKELPARAM(WORD(width), WORD(height)));
     CallNativeWindow(handle, WM_MOVE, 0, MAKELPARAM(WORD(left), WORD(top)));
-    if ((style & WS_VISIBLE) != 0)
+    if ((uint32_t(facts.style) & WS_VISIBLE) != 0)
         ShowNativeWindow(handle, true);
     return FindWindowOf(handle) == nullptr ? nullptr : handle;
 }

@@ -3,6 +3,7 @@
 #include "../win/KxWinTypes.h"
 
 // clang-format off
+#define ERROR_CANNOT_FIND_WND_CLASS 1407U
 #define WM_CAPTURECHANGED 0x0215
 #define WM_NCCREATE 0x0081
 #define WM_NCHITTEST 0x0084

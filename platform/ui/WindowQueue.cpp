@@ -123,8 +123,9 @@ HWND HitWindow(HWND window, POINT screen)
 
 void AddMessageFilter(MessageFilter filter)
 {
-    RemoveMessageFilter(filter);
-    TheQueue().filters.push_back(filter);
+    std::vector<MessageFilter>& filters = TheQueue().filters;
+    if (std::find(filters.begin(), filters.end(), filter) == filters.end())
+        filters.push_back(filter);
 }
 
 void RemoveMessageFilter(MessageFilter filter)
@@ -243,12 +244,13 @@ int PumpWindows()
 
 // --- painting ---------------------------------------------------------------------------------------------------
 
-void InvalidateWindow(HWND window, bool)
+void InvalidateWindow(HWND window, bool erase)
 {
     NativeWindow* found = FindWindowOf(window);
-    if (found == nullptr)
+    if (found == nullptr || !found->isDrawn)
         return;
     found->isInvalid = true;
+    found->mustErase = found->mustErase || erase;
     if (IsShown(window))
         Windows().WorkPending(0);
 }

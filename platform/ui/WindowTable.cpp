@@ -170,6 +170,7 @@ NativeWindow& AddWindow(const WindowPlan& plan)
     window.rect = plan.rect;
     window.id = plan.id;
     window.procedure = plan.procedure;
+    window.isDrawn = plan.isDrawn;
     window.dialog = plan.dialog;
     window.control = plan.control;
     WindowChanges::Begin(window, plan);

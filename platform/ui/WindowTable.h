@@ -23,7 +23,8 @@ public:
     COLORREF background = RGB(255, 255, 255);
     bool hasBackground = false;
     bool isInvalid = false;
-    bool isDrawn = false;   // paints its pixels itself; a control that does not is shown by its model
+    bool mustErase = false;   // before the next painting
+    bool isDrawn = false;     // paints its pixels itself; a control that does not is shown by its model
     // What the window shows where it is a dialog or the control of one; their texts and states stand there.
     DialogModel* dialog = nullptr;
     DialogControl* control = nullptr;
@@ -56,6 +57,7 @@ struct WindowPlan {
     RECT rect = {0, 0, 0, 0};
     UINT id = 0;
     WNDPROC procedure = nullptr;
+    bool isDrawn = false;
     DialogModel* dialog = nullptr;
     DialogControl* control = nullptr;
 };
