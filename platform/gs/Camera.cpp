@@ -9,18 +9,52 @@ namespace {
 // The nearest a point may come to the eye, as a share of the eye's distance.
 constexpr double kNearest = 0.01;
 
-// The view's axes: x to the right, y up, z to the eye.
-void AxesOf(const Camera& camera, AcGeVector3d& x, AcGeVector3d& y, AcGeVector3d& z)
+}   // namespace
+
+void Camera::Axes(AcGeVector3d& x, AcGeVector3d& y, AcGeVector3d& z) const
 {
-    z = camera.direction.isZeroLength() ? AcGeVector3d::kZAxis : camera.direction.normal();
-    x = camera.up.crossProduct(z);
+    z = direction.isZeroLength() ? AcGeVector3d::kZAxis : direction.normal();
+    x = up.crossProduct(z);
     if (x.isZeroLength())
         x = z.perpVector();
     x.normalize();
     y = z.crossProduct(x);
 }
 
-}   // namespace
+void Camera::Orbit(double toRight, double down)
+{
+    AcGeVector3d x, y, z;
+    Axes(x, y, z);
+    // What is seen turns one way, so the eye turns the other.
+    z.rotateBy(-toRight, y);
+    x.rotateBy(-toRight, y);
+    y.rotateBy(-down, x);
+    z.rotateBy(-down, x);
+    direction = z;
+    up = y;
+}
+
+void Camera::Fit(const double min[3], const double max[3], double width, double height, double margin)
+{
+    AcGeVector3d axes[3];
+    Axes(axes[0], axes[1], axes[2]);
+    target = AcGePoint3d((min[0] + max[0]) / 2, (min[1] + max[1]) / 2, (min[2] + max[2]) / 2);
+    const double half[] = {(max[0] - min[0]) / 2, (max[1] - min[1]) / 2, (max[2] - min[2]) / 2};
+    double reach[3];
+    for (int axis = 0; axis < 3; ++axis)
+        reach[axis] = 2 * (std::abs(axes[axis].x) * half[0] + std::abs(axes[axis].y) * half[1] +
+                           std::abs(axes[axis].z) * half[2]);
+    // In perspective the front of the box counts.
+    const double nearer = isPerspective ? eyeDistance / std::max(eyeDistance - reach[2] / 2, eyeDistance * 0.1) : 1;
+    fieldWidth = reach[0] * nearer * (1 + 2 * margin);
+    fieldHeight = reach[1] * nearer * (1 + 2 * margin);
+    if (!(fieldWidth > 0) && !(fieldHeight > 0))
+        fieldWidth = fieldHeight = 1;
+    if (width > 0 && height > 0) {
+        fieldWidth = std::max(fieldWidth, fieldHeight * width / height);
+        fieldHeight = fieldWidth * height / width;
+    }
+}
 
 Camera Camera::Over(double minX, double minY, double maxX, double maxY, double margin)
 {
@@ -32,10 +66,16 @@ Camera Camera::Over(double minX, double minY, double maxX, double maxY, double m
 }
 
 Projection::Projection(const Camera& camera, double width, double height)
-    : m_width(width), m_height(height), m_isPerspective(camera.isPerspective), m_eyeDistance(camera.eyeDistance)
+    : m_width(width),
+      m_height(height),
+      m_middleX(width / 2),
+      m_middleY(height / 2),
+      m_isPerspective(camera.isPerspective),
+      m_eyeDistance(camera.eyeDistance),
+      m_nearestDepth(camera.eyeDistance * (1 - kNearest))
 {
     AcGeVector3d x, y, z;
-    AxesOf(camera, x, y, z);
+    camera.Axes(x, y, z);
     const double fieldWidth = camera.fieldWidth > 0 ? camera.fieldWidth : 1e-9;
     const double fieldHeight = camera.fieldHeight > 0 ? camera.fieldHeight : 1e-9;
     const double scale = std::min(width / fieldWidth, height / fieldHeight);
@@ -47,6 +87,7 @@ Projection::Projection(const Camera& camera, double width, double height)
         entry[row][3] = -(rows[row].dotProduct(camera.target.asVector()));
     }
     m_fromDevice.setCoordSystem(camera.target, x / scale, y / -scale, z);
+    m_depthScale = scale;
     Measure();
 }
 
@@ -70,19 +111,19 @@ Projection Projection::Within(const AcGeMatrix3d& toOwner) const
     return inner;
 }
 
-DevicePoint Projection::operator()(const AcGePoint3d& point) const
+Projection Projection::Window(double left, double top, double width, double height) const
 {
-    DevicePoint at{entry[0][0] * point.x + entry[0][1] * point.y + entry[0][2] * point.z + entry[0][3],
-                   entry[1][0] * point.x + entry[1][1] * point.y + entry[1][2] * point.z + entry[1][3],
-                   entry[2][0] * point.x + entry[2][1] * point.y + entry[2][2] * point.z + entry[2][3]};
-    if (m_isPerspective) {
-        const double nearer = std::max(m_eyeDistance - at.depth, m_eyeDistance * kNearest);
-        at.x *= m_eyeDistance / nearer;
-        at.y *= m_eyeDistance / nearer;
-    }
-    at.x += m_width / 2;
-    at.y += m_height / 2;
-    return at;
+    Projection window = *this;
+    window.m_width = width;
+    window.m_height = height;
+    window.m_middleX = m_middleX - left;
+    window.m_middleY = m_middleY - top;
+    return window;
+}
+
+double Projection::Foreshortening(double depth) const
+{
+    return m_eyeDistance / std::max(m_eyeDistance - depth, m_eyeDistance * kNearest);
 }
 
 DevicePoint Projection::Way(const AcGeVector3d& way) const
@@ -94,7 +135,7 @@ DevicePoint Projection::Way(const AcGeVector3d& way) const
 
 AcGePoint3d Projection::ToTargetPlane(double x, double y) const
 {
-    return m_fromDevice * AcGePoint3d(x - m_width / 2, y - m_height / 2, 0);
+    return m_fromDevice * AcGePoint3d(x - m_middleX, y - m_middleY, 0);
 }
 
 }   // namespace KxPlat

@@ -17,6 +17,7 @@ class FontChain;
 constexpr uint32_t kColorByLayer = 0xC0000000;
 constexpr uint32_t kColorByBlock = 0xC1000000;
 constexpr uint32_t kColorIndexed = 0xC3000000;   // with the index in the low byte
+constexpr uint32_t kColorBackground = 0xC8000000;
 
 // How something is drawn, before layers and block references have their say.
 struct Look {
@@ -31,12 +32,14 @@ struct Look {
 };
 
 enum class ItemKind : uint8_t {
-    Strip,   // `count` points from `first`, joined by lines; one point is a dot
-    Fill,    // `count` contours from `first`, even-odd
-    Face,    // `count` points from `first`: a plane face that hides what lies behind it; its edges are strips
-    Arc,     // arcs[first]
-    Text,    // texts[first]
-    Block    // blocks[first]
+    Strip,        // `count` points from `first`, joined by lines; one point is a dot
+    Fill,         // `count` contours from `first`, even-odd
+    Edge,         // a strip that is the edge of faces
+    Face,         // `count` points from `first`: a plane face that hides what lies behind it
+    SmoothFace,   // the same, and as many normals behind them
+    Arc,          // arcs[first]
+    Text,         // texts[first]
+    Block         // blocks[first]
 };
 
 struct Item {
@@ -77,7 +80,7 @@ struct BlockItem {
 // The items of one entity, and the box around them; an empty box (min above max) has no bounds.
 struct EntitySpan {
     AcDbStub* entity;
-    uint32_t firstItem;
+    uint32_t firstItem, itemCount;
     float min[3], max[3];
 };
 
@@ -89,13 +92,8 @@ struct DisplayList {
     std::vector<BlockItem> blocks;
     std::vector<Item> items;
     std::vector<Look> looks;
-    std::vector<EntitySpan> entities;   // in drawing order; the items of the last end with `items`
+    std::vector<EntitySpan> entities;   // in drawing order
     uint64_t leftOut = 0;               // items with coordinates that are no numbers, or beyond the limits
-
-    uint32_t EndOf(size_t entity) const
-    {
-        return entity + 1 < entities.size() ? entities[entity + 1].firstItem : uint32_t(items.size());
-    }
 };
 
 }   // namespace KxPlat

@@ -3,10 +3,18 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <png.h>
 
 namespace KxPlat {
+
+namespace {
+
+// Lines that pass between two pixels take the same one, whatever the last digits of their points.
+constexpr double kTie = 1e-6;
+
+}   // namespace
 
 Image::Image(int width, int height, uint32_t background)
     : m_width(width), m_height(height), m_pixels(size_t(width) * size_t(height), background)
@@ -16,6 +24,24 @@ Image::Image(int width, int height, uint32_t background)
 void Image::Clear(uint32_t background)
 {
     std::fill(m_pixels.begin(), m_pixels.end(), background);
+}
+
+void Image::Shift(int dx, int dy)
+{
+    const int kept = m_width - std::abs(dx), rows = m_height - std::abs(dy);
+    if (kept <= 0 || rows <= 0)
+        return;
+    for (int step = 0; step < rows; ++step) {
+        const int y = dy > 0 ? m_height - 1 - step : step;   // no row is overwritten before it was moved
+        std::memmove(Row(y) + std::max(dx, 0), Row(y - dy) + std::max(-dx, 0), size_t(kept) * sizeof(uint32_t));
+    }
+}
+
+void Image::Put(const Image& part, int left, int top)
+{
+    const int from = std::max(left, 0), to = std::min(left + part.width(), m_width);
+    for (int y = std::max(top, 0); y < std::min(top + part.height(), m_height) && from < to; ++y)
+        std::memcpy(Row(y) + from, part.Row(y - top) + (from - left), size_t(to - from) * sizeof(uint32_t));
 }
 
 Image Image::Reduced(int factor) const
@@ -85,27 +111,33 @@ void ImagePainter::Strip(const DevicePoint* points, size_t count, const Pen& pen
             Line(points[at - 1], points[at], pen.rgb);
 }
 
-// Bresenham's line. What is handed over lies near the image, so whole numbers suffice.
+bool ImagePainter::IsNear(const DevicePoint& point) const
+{
+    return std::abs(point.x) < 1e6 && std::abs(point.y) < 1e6;
+}
+
+// One pixel for each column, or row of a steep line: the one that the line passes through in the column's middle. That
+// is the same wherever a line was cut before, so that parts of a picture drawn apart fit together.
 void ImagePainter::Line(const DevicePoint& from, const DevicePoint& to, uint32_t rgb)
 {
-    int x = int(std::floor(from.x)), y = int(std::floor(from.y));
-    const int endX = int(std::floor(to.x)), endY = int(std::floor(to.y));
-    const int dx = std::abs(endX - x), dy = -std::abs(endY - y);
-    const int stepX = x < endX ? 1 : -1, stepY = y < endY ? 1 : -1;
-    int error = dx + dy;
-    for (;;) {
-        Set(x, y, rgb);
-        if (x == endX && y == endY)
-            return;
-        const int twice = 2 * error;
-        if (twice >= dy) {
-            error += dy;
-            x += stepX;
-        }
-        if (twice <= dx) {
-            error += dx;
-            y += stepY;
-        }
+    const double dx = to.x - from.x, dy = to.y - from.y;
+    const bool isSteep = std::abs(dy) > std::abs(dx);
+    const bool isBackward = (isSteep ? dy : dx) < 0;
+    const DevicePoint &low = isBackward ? to : from, &high = isBackward ? from : to;
+    const double start = isSteep ? low.y : low.x, end = isSteep ? high.y : high.x;
+    const double side = isSteep ? low.x : low.y, otherSide = isSteep ? high.x : high.y;
+    const int last = isSteep ? m_image.height() - 1 : m_image.width() - 1;
+    const int sides = isSteep ? m_image.width() : m_image.height();
+    const int first = int(std::clamp(std::floor(start), -1.0, double(last) + 1));
+    const int final = int(std::clamp(std::floor(end), -1.0, double(last) + 1));
+    const double slope = end > start ? (otherSide - side) / (end - start) : 0;
+    const double least = std::min(side, otherSide), most = std::max(side, otherSide);
+    for (int at = std::max(first, 0); at <= std::min(final, last); ++at) {
+        const double place = std::clamp(side + (at + 0.5 - start) * slope, least, most) + kTie;
+        if (place < 0 || place >= sides)
+            continue;
+        uint32_t* row = m_image.Row(isSteep ? at : int(place));
+        row[isSteep ? int(place) : at] = rgb;
     }
 }
 
@@ -130,35 +162,14 @@ void ImagePainter::Fill(const std::vector<DevicePoint>& points, const std::vecto
 {
     if (points.empty())
         return;
+    m_fill.Run(points.data(), ends.data(), ends.size(), m_image.width(), m_image.height(),
+               [&](int y, int from, int to) { std::fill(m_image.Row(y) + from, m_image.Row(y) + to, rgb); });
     const auto [low, high] = std::minmax_element(points.begin(), points.end(),
                                                  [](const DevicePoint& a, const DevicePoint& b) { return a.y < b.y; });
-    const int first = int(std::max(std::floor(low->y), 0.0));
-    const int last = int(std::min(std::ceil(high->y), double(m_image.height() - 1)));
-    for (int y = first; y <= last; ++y) {
-        const double middle = y + 0.5;
-        m_crossings.clear();
-        uint32_t begin = 0;
-        for (const uint32_t end : ends) {
-            for (uint32_t at = begin, before = end - 1; at < end; before = at++) {
-                const DevicePoint &a = points[before], &b = points[at];
-                if ((a.y > middle) != (b.y > middle))
-                    m_crossings.push_back(a.x + (b.x - a.x) * (middle - a.y) / (b.y - a.y));
-            }
-            begin = end;
-        }
-        std::sort(m_crossings.begin(), m_crossings.end());
-        uint32_t* row = m_image.Row(y);
-        for (size_t at = 0; at + 1 < m_crossings.size(); at += 2) {
-            const double from = std::clamp(std::ceil(m_crossings[at] - 0.5), 0.0, double(m_image.width()));
-            const double to = std::clamp(std::ceil(m_crossings[at + 1] - 0.5), 0.0, double(m_image.width()));
-            for (int x = int(from); x < int(to); ++x)
-                row[x] = rgb;
-        }
-    }
     // An area thinner than a pixel is still seen.
     if (high->y - low->y < 1)
         for (size_t at = 1; at < points.size(); ++at)
-            if (std::abs(points[at].x) < 1e6 && std::abs(points[at - 1].x) < 1e6)
+            if (IsNear(points[at]) && IsNear(points[at - 1]))
                 Line(points[at - 1], points[at], rgb);
 }
 

@@ -1,6 +1,7 @@
-// A picture in memory: 0xRRGGBB pixels from the upper left corner, row by row, and, where faces are drawn, their depth.
+// A picture in memory: 0xRRGGBB pixels from the upper left corner, row by row.
 #pragma once
 #include "Painter.h"
+#include "ScanFill.h"
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ public:
     uint32_t* Row(int y) { return m_pixels.data() + size_t(y) * size_t(m_width); }
     const uint32_t* Row(int y) const { return m_pixels.data() + size_t(y) * size_t(m_width); }
     void Clear(uint32_t background);
+    // Moves what is there; where nothing comes from, the old pixels stay.
+    void Shift(int dx, int dy);
+    void Put(const Image& part, int left, int top);
 
     // Each pixel the mean of `factor` by `factor` pixels of this image.
     Image Reduced(int factor) const;
@@ -36,6 +40,7 @@ public:
 
 private:
     void Line(const DevicePoint& from, const DevicePoint& to, uint32_t rgb);
+    bool IsNear(const DevicePoint& point) const;
     void ThickLine(const DevicePoint& from, const DevicePoint& to, const Pen& pen);
     void Set(int x, int y, uint32_t rgb)
     {
@@ -44,7 +49,7 @@ private:
     }
 
     Image& m_image;
-    std::vector<double> m_crossings;
+    ScanFill m_fill;
     std::vector<DevicePoint> m_corners;
     std::vector<uint32_t> m_cornerEnds;
 };

@@ -53,7 +53,10 @@ public:
     void setColor(Adesk::UInt16 color) override
     {
         m_color = color;
-        look.color = color == 0 ? kColorByBlock : color >= 256 ? kColorByLayer : kColorIndexed | color;
+        look.color = color == 0     ? kColorByBlock
+                     : color == 256 ? kColorByLayer
+                     : color > 256  ? kColorBackground
+                                    : kColorIndexed | color;
     }
     void setRGB(Adesk::UInt32 rgb) override { look.color = rgb & 0xFFFFFF; }
     void setLayer(AcDbObjectId layer) override { look.layer = layer; }
@@ -110,7 +113,12 @@ private:
 
 class ListBuilder::Geometry : public AcGiWorldGeometry {
 public:
-    Geometry(DisplayList& list, ListBuilder& builder) : m_list(list), m_builder(builder) { ForgetBox(); }
+    Geometry(DisplayList& list, ListBuilder& builder) : m_list(list), m_builder(builder)
+    {
+        ForgetBox();
+        for (uint32_t look = 0; look < list.looks.size(); ++look)
+            m_looks.emplace(list.looks[look], look);
+    }
 
     void getModelToWorldTransform(AcGeMatrix3d& transform) const override { transform = Top(); }
     void getWorldToModelTransform(AcGeMatrix3d& transform) const override { transform = Top().inverse(); }
@@ -559,7 +567,8 @@ ListBuilder::~ListBuilder() = default;
 void ListBuilder::Add(AcDbEntity& entity)
 {
     Finish();
-    m_list.entities.push_back({entity.objectId(), uint32_t(m_list.items.size()), {}, {}});
+    m_isOpen = true;
+    m_list.entities.push_back({entity.objectId(), uint32_t(m_list.items.size()), 0, {}, {}});
     m_traits->Reset();
     if ((entity.setAttributes(m_traits.get()) & AcGiDrawable::kDrawableIsInvisible) == 0)
         entity.worldDraw(this);
@@ -567,9 +576,12 @@ void ListBuilder::Add(AcDbEntity& entity)
 
 void ListBuilder::Finish()
 {
-    if (m_list.entities.empty())
+    if (!m_isOpen)
         return;
-    m_geometry->TakeBox(m_list.entities.back());
+    m_isOpen = false;
+    EntitySpan& span = m_list.entities.back();
+    span.itemCount = uint32_t(m_list.items.size()) - span.firstItem;
+    m_geometry->TakeBox(span);
     m_geometry->ForgetBox();
 }
 

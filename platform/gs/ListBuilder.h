@@ -38,6 +38,7 @@ private:
 
     DisplayList& m_list;
     Scene& m_scene;
+    bool m_isOpen = false;   // the last entity's box still grows
     std::unique_ptr<Traits> m_traits;
     std::unique_ptr<Geometry> m_geometry;
     std::unique_ptr<Context> m_context;

@@ -21,8 +21,8 @@ public:
     virtual void Strip(const DevicePoint* points, size_t count, const Pen& pen) = 0;
     // Contours behind one another, `ends` telling where each ends; even-odd.
     virtual void Fill(const std::vector<DevicePoint>& points, const std::vector<uint32_t>& ends, uint32_t rgb) = 0;
-    // A plane face, where faces are drawn.
-    virtual void Face(const DevicePoint* points, size_t count, uint32_t rgb) {}
+    // A plane face, where faces are drawn; for each corner the share of the colour that the light shows there.
+    virtual void Face(const DevicePoint* points, const float* shades, size_t count, uint32_t rgb) {}
     virtual bool DrawsFaces() const { return false; }
     // True when the text was drawn as text; otherwise its glyphs follow.
     virtual bool Text(const TextItem& text, const DevicePoint& origin, const DevicePoint& x, const DevicePoint& y,

@@ -4,7 +4,6 @@
 #include "../db/AcDbDictionary.h"
 #include "../db/AcDbLayerTableRecord.h"
 #include "../db/AcDbLayout.h"
-#include "../db/AcDbViewport.h"
 #include "../db/core/DbCore.h"
 #include "../db/core/Wildcard.h"
 #include "../rx/AcRxClass.h"
@@ -14,7 +13,9 @@
 #include "Image.h"
 #include "PdfPainter.h"
 #include "SceneWalk.h"
+#include "Sight.h"
 #include "SvgPainter.h"
+#include "WindowPainter.h"
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -25,120 +26,6 @@ namespace {
 
 constexpr int kSupersampling = 2;
 constexpr double kMostPixels = 400e6;
-
-// One view onto one block: the sheet, the model, or the model through a viewport of a sheet.
-struct Picture {
-    AcDbObjectId block;
-    Camera camera;
-    double left = 0, top = 0, width = 0, height = 0;   // pixels on the page
-    std::vector<AcDbObjectId> frozenLayers;            // in this viewport only
-};
-
-// Shifts what is drawn to the place of a viewport, and keeps it within.
-class WindowPainter : public Painter {
-public:
-    WindowPainter(Painter& page, const Picture& picture) : m_page(page), m_picture(picture) {}
-
-    void Strip(const DevicePoint* points, size_t count, const Pen& pen) override
-    {
-        m_points.clear();
-        for (size_t at = 0; at < count; ++at) {
-            const bool isInside = IsInside(points[at]);
-            if (at > 0 && (!isInside || m_points.empty())) {
-                DevicePoint from = points[at - 1], to = points[at];
-                if (Cut(from, to)) {
-                    if (m_points.empty())
-                        m_points.push_back(Moved(from));
-                    m_points.push_back(Moved(to));
-                }
-                Flush(pen);
-            }
-            if (isInside)
-                m_points.push_back(Moved(points[at]));
-        }
-        Flush(pen);
-    }
-    void Fill(const std::vector<DevicePoint>& points, const std::vector<uint32_t>& ends, uint32_t rgb) override
-    {
-        // Cut against each side in turn, contour by contour.
-        std::vector<DevicePoint> cut;
-        std::vector<uint32_t> cutEnds;
-        uint32_t begin = 0;
-        for (const uint32_t end : ends) {
-            std::vector<DevicePoint> contour(points.begin() + begin, points.begin() + end);
-            for (int side = 0; side < 4; ++side)
-                contour = CutAtSide(contour, side);
-            for (const DevicePoint& point : contour)
-                cut.push_back(Moved(point));
-            if (!contour.empty())
-                cutEnds.push_back(uint32_t(cut.size()));
-            begin = end;
-        }
-        if (!cutEnds.empty())
-            m_page.Fill(cut, cutEnds, rgb);
-    }
-    bool Text(const TextItem& text, const DevicePoint& origin, const DevicePoint& x, const DevicePoint& y,
-              uint32_t rgb) override
-    {
-        return IsInside(origin) && m_page.Text(text, Moved(origin), x, y, rgb);
-    }
-
-private:
-    DevicePoint Moved(const DevicePoint& point) const
-    {
-        return {point.x + m_picture.left, point.y + m_picture.top, point.depth};
-    }
-    // How far a point lies within each side; below 0 outside.
-    double Room(const DevicePoint& point, int side) const
-    {
-        const double rooms[] = {point.x, m_picture.width - point.x, point.y, m_picture.height - point.y};
-        return rooms[side];
-    }
-    bool IsInside(const DevicePoint& point) const
-    {
-        return Room(point, 0) >= 0 && Room(point, 1) >= 0 && Room(point, 2) >= 0 && Room(point, 3) >= 0;
-    }
-    static DevicePoint Between(const DevicePoint& a, const DevicePoint& b, double share)
-    {
-        return {a.x + (b.x - a.x) * share, a.y + (b.y - a.y) * share, a.depth};
-    }
-    bool Cut(DevicePoint& from, DevicePoint& to) const
-    {
-        for (int side = 0; side < 4; ++side) {
-            const double first = Room(from, side), second = Room(to, side);
-            if (first < 0 && second < 0)
-                return false;
-            if (first < 0)
-                from = Between(from, to, first / (first - second));
-            else if (second < 0)
-                to = Between(from, to, first / (first - second));
-        }
-        return true;
-    }
-    std::vector<DevicePoint> CutAtSide(const std::vector<DevicePoint>& contour, int side) const
-    {
-        std::vector<DevicePoint> cut;
-        for (size_t at = 0; at < contour.size(); ++at) {
-            const DevicePoint &from = contour[(at + contour.size() - 1) % contour.size()], &to = contour[at];
-            const double first = Room(from, side), second = Room(to, side);
-            if ((first < 0) != (second < 0))
-                cut.push_back(Between(from, to, first / (first - second)));
-            if (second >= 0)
-                cut.push_back(to);
-        }
-        return cut;
-    }
-    void Flush(const Pen& pen)
-    {
-        if (!m_points.empty())
-            m_page.Strip(m_points.data(), m_points.size(), pen);
-        m_points.clear();
-    }
-
-    Painter& m_page;
-    const Picture& m_picture;
-    std::vector<DevicePoint> m_points;
-};
 
 class Plotter {
 public:
@@ -158,8 +45,7 @@ public:
         result.width = int(std::lround(m_width));
         result.height = int(std::lround(m_height));
         result.error = FromUtf8(Write(HostPath(path)));
-        if (m_scene.leftOut() > 0)
-            result.warning = std::to_wstring(m_scene.leftOut()) + L" items with damaged coordinates were left out";
+        result.warning = m_scene.LeftOutText();
         return result;
     }
 
@@ -195,7 +81,7 @@ private:
     {
         const AcDbObjectId model = CoreOf(m_database).modelSpace;
         const Box box = m_settings.showsAllLayers ? m_scene.BoxOf(model) : m_scene.VisibleBoxOf(model);
-        Picture picture;
+        Sight picture;
         picture.block = model;
         if (!box.isEmpty())
             picture.camera = Camera::Over(box.min[0], box.min[1], box.max[0], box.max[1]);
@@ -222,7 +108,7 @@ private:
             layout->getPlotPaperSize(wide, high);
         layout->close();
         const Box box = m_scene.BoxOf(block);
-        Picture sheet;
+        Sight sheet;
         sheet.block = block;
         if (!box.isEmpty())
             sheet.camera = Camera::Over(box.min[0], box.min[1], box.max[0], box.max[1]);
@@ -232,47 +118,8 @@ private:
         sheet.width = m_width;
         sheet.height = m_height;
         m_pictures.push_back(sheet);
-        AddViewports(block, Projection(sheet.camera, m_width, m_height));
+        AddSightsOfViewports(m_scene, block, Projection(sheet.camera, m_width, m_height), m_pictures);
         return error;
-    }
-
-    void AddViewports(AcDbObjectId block, const Projection& page)
-    {
-        for (const EntitySpan& span : m_scene.ListOf(block).entities) {
-            AcDbViewport* viewport = nullptr;
-            if (acdbOpenObject(viewport, AcDbObjectId(span.entity), AcDb::kForRead) != Acad::eOk)
-                continue;
-            if (viewport->isOn() && viewport->number() != 1 && viewport->viewHeight() > 0 && viewport->height() > 0)
-                m_pictures.push_back(PictureThrough(*viewport, page));
-            viewport->close();
-        }
-    }
-
-    Picture PictureThrough(const AcDbViewport& viewport, const Projection& page) const
-    {
-        Picture picture;
-        picture.block = CoreOf(m_database).modelSpace;
-        const DevicePoint middle = page(viewport.centerPoint());
-        picture.width = viewport.width() * page.Scale();
-        picture.height = viewport.height() * page.Scale();
-        picture.left = middle.x - picture.width / 2;
-        picture.top = middle.y - picture.height / 2;
-        Camera& camera = picture.camera;
-        camera.direction = viewport.viewDirection();
-        // The centre is given in the axes of the view, whose Y axis is up.
-        AcGePoint3d origin;
-        AcGeVector3d x, y, z;
-        AcGeMatrix3d::planeToWorld(camera.direction).getCoordSystem(origin, x, y, z);
-        const double twist = -viewport.twistAngle();
-        const AcGeVector3d right = x * std::cos(twist) + y * std::sin(twist);
-        camera.up = y * std::cos(twist) - x * std::sin(twist);
-        camera.target = viewport.viewTarget() + right * viewport.viewCenter().x + camera.up * viewport.viewCenter().y;
-        camera.fieldHeight = viewport.viewHeight();
-        camera.fieldWidth = viewport.viewHeight() * viewport.width() / viewport.height();
-        AcDbObjectIdArray frozen;
-        viewport.getFrozenLayerList(frozen);
-        picture.frozenLayers.assign(frozen.asArrayPtr(), frozen.asArrayPtr() + frozen.length());
-        return picture;
     }
 
     // Open for read; null when there is none.
@@ -298,7 +145,7 @@ private:
     void Draw(Painter& painter, double pixelFactor)
     {
         for (size_t at = 0; at < m_pictures.size(); ++at) {
-            Picture picture = m_pictures[at];
+            Sight picture = m_pictures[at];
             picture.left *= pixelFactor;
             picture.top *= pixelFactor;
             picture.width *= pixelFactor;
@@ -310,13 +157,9 @@ private:
             options.pixelsPerMm = m_settings.usesLineWeights ? m_settings.dotsPerInch / 25.4 * pixelFactor : 0;
             if (!m_settings.layers.empty() || !picture.frozenLayers.empty())
                 options.layerFilter = [&](const AcDbStub* layer) {
-                    const auto& frozen = picture.frozenLayers;
-                    return (m_settings.layers.empty() || IsWanted(layer)) &&
-                           std::none_of(frozen.begin(), frozen.end(), [layer](const AcDbObjectId& id) {
-                               return static_cast<const AcDbStub*>(id) == layer;
-                           });
+                    return (m_settings.layers.empty() || IsWanted(layer)) && !picture.Freezes(layer);
                 };
-            WindowPainter window(painter, picture);
+            WindowPainter window(painter, picture.left, picture.top, picture.width, picture.height);
             DrawScene(m_scene, picture.block, Projection(picture.camera, picture.width, picture.height), options,
                       at == 0 ? painter : static_cast<Painter&>(window));
         }
@@ -351,7 +194,7 @@ private:
     Scene m_scene;
     Kind m_kind = Kind::Png;
     double m_width = 0, m_height = 0;
-    std::vector<Picture> m_pictures;
+    std::vector<Sight> m_pictures;
 };
 
 }   // namespace

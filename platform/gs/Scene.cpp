@@ -8,6 +8,7 @@
 #include "../db/core/DbCore.h"
 #include "../rx/AcRxClass.h"
 #include "ListBuilder.h"
+#include "SceneLists.h"
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -55,15 +56,23 @@ AcDbObjectIdArray DrawOrderOf(AcDbBlockTableRecord& block)
 
 Scene::Scene(AcDbDatabase& database) : m_database(database)
 {
+    UndoLog& undo = CoreOf(database).undo;
+    undo.Watch();
+    m_position = undo.TouchedCount();
+    m_headerState = StateOfHeader();
     ReadTables();
 }
 
-Scene::~Scene() = default;
+Scene::~Scene()
+{
+    CoreOf(m_database).undo.Unwatch();
+}
 
 void Scene::Forget()
 {
     m_lists.clear();
-    m_leftOut = 0;
+    m_position = CoreOf(m_database).undo.TouchedCount();
+    m_headerState = StateOfHeader();
     ReadTables();
 }
 
@@ -71,6 +80,7 @@ void Scene::ReadTables()
 {
     m_layers.clear();
     m_linetypes.clear();
+    ++m_tablesNumber;
     DbCore& core = CoreOf(m_database);
     for (AcDbStub* stub : core.Table(TableKind::Layer)->records()) {
         const auto* record = static_cast<const AcDbLayerTableRecord*>(stub->object);
@@ -111,16 +121,22 @@ void Scene::ReadTables()
 
 const DisplayList& Scene::ListOf(AcDbObjectId id)
 {
-    std::unique_ptr<DisplayList>& place = m_lists[id];
+    std::unique_ptr<Kept>& place = m_lists[id];
     if (place != nullptr)
-        return *place;
-    place = std::make_unique<DisplayList>();
-    DisplayList& list = *place;   // stands while the block is taken down, so that a block within itself ends
+        return place->list;
+    place = std::make_unique<Kept>();
+    Kept& kept = *place;   // stands while the block is taken down, so that a block within itself ends
+    TakeDown(kept, id);
+    return kept.list;
+}
+
+void Scene::TakeDown(Kept& kept, AcDbObjectId id)
+{
     AcDbBlockTableRecord* block = nullptr;
     if (acdbOpenObject(block, id, AcDb::kForRead) != Acad::eOk)
-        return list;
+        return;
     const bool isSpace = block->isModelSpace() || block->isPaperSpace();
-    ListBuilder builder(list, *this);
+    ListBuilder builder(kept.list, *this);
     for (const AcDbObjectId& entityId : DrawOrderOf(*block)) {
         AcDbEntity* entity = nullptr;
         if (acdbOpenAcDbEntity(entity, entityId, AcDb::kForRead) != Acad::eOk)
@@ -129,11 +145,36 @@ const DisplayList& Scene::ListOf(AcDbObjectId id)
         if (isSpace || definition == nullptr || definition->isConstant())
             builder.Add(*entity);
         entity->close();
+        ++m_drawnCount;
     }
     builder.Finish();
     block->close();
-    m_leftOut += list.leftOut;
-    return list;
+}
+
+SpatialIndex* Scene::IndexOf(AcDbObjectId block)
+{
+    constexpr size_t kShortList = 2000;
+    const auto found = m_lists.find(block);
+    if (found == m_lists.end() || found->second->list.entities.size() < kShortList)
+        return nullptr;
+    Kept& kept = *found->second;
+    if (kept.index == nullptr || kept.index->IsWorn())
+        kept.index = std::make_unique<SpatialIndex>(kept.list);
+    return kept.index.get();
+}
+
+uint64_t Scene::leftOut() const
+{
+    uint64_t count = 0;
+    for (const auto& [block, kept] : m_lists)
+        count += kept->list.leftOut;
+    return count;
+}
+
+std::wstring Scene::LeftOutText() const
+{
+    const uint64_t count = leftOut();
+    return count == 0 ? std::wstring() : std::to_wstring(count) + L" items with damaged coordinates were left out";
 }
 
 Box Scene::BoxOf(AcDbObjectId block)
@@ -151,12 +192,11 @@ Box Scene::VisibleBoxOf(AcDbObjectId block)
     const DisplayList& list = ListOf(block);
     for (size_t at = 0; at < list.entities.size(); ++at) {
         const EntitySpan& span = list.entities[at];
-        const uint32_t end = list.EndOf(at);
-        const bool isVisible =
-            std::any_of(list.items.begin() + span.firstItem, list.items.begin() + end, [&](const Item& item) {
-                const SceneLayer& layer = LayerOf(list.looks[item.look].layer);
-                return !layer.isFrozen && (!layer.isOff || item.kind == ItemKind::Block);
-            });
+        const auto first = list.items.begin() + span.firstItem;
+        const bool isVisible = std::any_of(first, first + span.itemCount, [&](const Item& item) {
+            const SceneLayer& layer = LayerOf(list.looks[item.look].layer);
+            return !layer.isFrozen && (!layer.isOff || item.kind == ItemKind::Block);
+        });
         if (isVisible && HasBox(span))
             Add(box, span);
     }

@@ -2,11 +2,15 @@
 #pragma once
 #include "DisplayList.h"
 #include <memory>
+#include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 class AcDbDatabase;
 
 namespace KxPlat {
+
+class SpatialIndex;
 
 struct SceneLayer {
     uint32_t rgb = 0xFFFFFF;
@@ -48,6 +52,11 @@ public:
     void ReadTables();
     // All lists are made anew when next asked for.
     void Forget();
+    // What the drawing's objects had done to them since the last call comes into the lists, and the tables are read
+    // again. True when a list was changed.
+    bool Update();
+    // Of the list of a block; null for a short list.
+    SpatialIndex* IndexOf(AcDbObjectId block);
 
     const SceneLayer& LayerOf(const AcDbStub* layer) const;
     const SceneLinetype& LinetypeOf(const AcDbStub* linetype) const;
@@ -55,16 +64,34 @@ public:
     bool showsLineWeights() const { return m_showsLineWeights; }
     AcDbDatabase& database() const { return m_database; }
     // Items that were left out for damaged coordinates, in all lists made so far.
-    uint64_t leftOut() const { return m_leftOut; }
+    uint64_t leftOut() const;
+    // The same as a line for users; empty when nothing was.
+    std::wstring LeftOutText() const;
+    // Counts up whenever layers and linetypes are read.
+    uint64_t tablesNumber() const { return m_tablesNumber; }
+    // How often entities were taken down, one by one.
+    uint64_t drawnCount() const { return m_drawnCount; }
 
 private:
+    struct Kept;
+    using Touched = std::unordered_map<const AcDbStub*, std::unordered_set<AcDbStub*>>;   // by block
+
+    void TakeDown(Kept& kept, AcDbObjectId block);
+    void TakeDownAnew(Kept& kept, AcDbObjectId block, const std::unordered_set<AcDbStub*>& entities);
+    bool Sort(const std::vector<AcDbStub*>& touched, Touched& byBlock) const;
+    void SpreadToReferences(Touched& byBlock) const;
+    std::string StateOfHeader() const;
+
     AcDbDatabase& m_database;
-    std::unordered_map<const AcDbStub*, std::unique_ptr<DisplayList>> m_lists;
+    std::unordered_map<const AcDbStub*, std::unique_ptr<Kept>> m_lists;
     std::unordered_map<const AcDbStub*, SceneLayer> m_layers;
     std::unordered_map<const AcDbStub*, SceneLinetype> m_linetypes;
     double m_linetypeScale = 1;
     bool m_showsLineWeights = false;
-    uint64_t m_leftOut = 0;
+    uint64_t m_tablesNumber = 0;
+    uint64_t m_drawnCount = 0;
+    uint64_t m_position = 0;     // in the record of what was touched
+    std::string m_headerState;   // of the variables that pictures depend on
 };
 
 }   // namespace KxPlat

@@ -15,6 +15,29 @@ void UndoLog::Begin(const CString& command)
     m_nextCommand = command;
 }
 
+// More than a view could use piece by piece is not kept.
+constexpr size_t kMostTouched = 200000;
+
+void UndoLog::NoteTouched(AcDbStub* stub)
+{
+    if (stub == nullptr || (m_told < TouchedCount() && !m_touched.empty() && m_touched.back() == stub))
+        return;
+    if (m_touched.size() >= kMostTouched) {
+        m_touchedBefore += m_touched.size();
+        m_touched.clear();
+    }
+    m_touched.push_back(stub);
+}
+
+bool UndoLog::TouchedSince(uint64_t& position, std::vector<AcDbStub*>& touched)
+{
+    const bool isKnown = position >= m_touchedBefore && position <= TouchedCount();
+    if (isKnown)
+        touched.assign(m_touched.begin() + std::ptrdiff_t(position - m_touchedBefore), m_touched.end());
+    position = m_told = TouchedCount();
+    return isKnown;
+}
+
 UndoLog::Step& UndoLog::Open()
 {
     if (m_openSerial != m_serial) {
@@ -28,6 +51,7 @@ UndoLog::Step& UndoLog::Open()
 void UndoLog::Changing(AcDbObject& object)
 {
     AcDbStub* stub = ObjectAccess::Stub(object);
+    Touch(stub);
     if (m_isOff || stub == nullptr || stub->recordedIn == m_serial)
         return;
     stub->recordedIn = m_serial;
@@ -44,6 +68,7 @@ void UndoLog::Changing(AcDbObject& object)
 void UndoLog::Record(AcDbObject& object, const void* member, uint8_t size)
 {
     AcDbStub* stub = ObjectAccess::Stub(object);
+    Touch(stub);
     if (m_isOff || stub == nullptr || stub->recordedIn == m_serial)
         return;
     std::vector<Change>& changes = Open().changes;
@@ -56,6 +81,7 @@ void UndoLog::Record(AcDbObject& object, const void* member, uint8_t size)
 
 void UndoLog::Erasing(AcDbStub* stub)
 {
+    Touch(stub);
     if (m_isOff)
         return;
     Change change;
@@ -67,6 +93,7 @@ void UndoLog::Erasing(AcDbStub* stub)
 // Taking an addition back erases the object; bringing it back unerases it.
 void UndoLog::Added(AcDbStub* stub)
 {
+    Touch(stub);
     if (m_isOff)
         return;
     Change change;
@@ -119,6 +146,7 @@ void UndoLog::Swap(Change& change, HeaderVars& vars)
         SwapHeader(*change.header, vars);
         return;
     }
+    Touch(change.stub);
     if (change.member.size != 0) {
         SwapMember(*change.stub->object, change.member);
         return;

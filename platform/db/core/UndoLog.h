@@ -51,6 +51,15 @@ public:
     size_t UndoDepth() const { return m_done.size(); }
     void Clear();
 
+    // Who watches learns which objects were touched: changed, added, erased, or one of these undone. Also while
+    // recording is off.
+    void Watch() { ++m_watchers; }
+    void Unwatch() { --m_watchers; }
+    // What was touched from `position` on, which moves to the end; an object may come twice. False when too much was
+    // touched to be told one by one.
+    bool TouchedSince(uint64_t& position, std::vector<AcDbStub*>& touched);
+    uint64_t TouchedCount() const { return m_touchedBefore + m_touched.size(); }
+
 private:
     struct HeaderChange {
         HeaderVar before;
@@ -68,9 +77,15 @@ private:
         CString command;
         std::vector<Change> changes;
     };
+    void Touch(AcDbStub* stub)
+    {
+        if (m_watchers > 0)
+            NoteTouched(stub);
+    }
+    void NoteTouched(AcDbStub* stub);
     Step& Open();
     void Record(AcDbObject& object, const void* member, uint8_t size);
-    static void Swap(Change& change, HeaderVars& vars);
+    void Swap(Change& change, HeaderVars& vars);
     static void SwapHeader(HeaderChange& change, HeaderVars& vars);
 
     std::vector<Step> m_done;
@@ -79,6 +94,10 @@ private:
     uint32_t m_serial = 1;
     uint32_t m_openSerial = 0;   // the step that m_done.back() belongs to
     bool m_isOff = false;
+    int m_watchers = 0;
+    uint64_t m_touchedBefore = 0;   // entries that `m_touched` held before and dropped
+    uint64_t m_told = 0;            // entries that some watcher has seen
+    std::vector<AcDbStub*> m_touched;
 };
 
 }   // namespace KxPlat

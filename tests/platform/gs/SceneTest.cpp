@@ -100,9 +100,14 @@ TEST_F(Sheet, ByBlockTakesTheColourOfTheInsertion)
 
 TEST_F(Sheet, ABlockWithinItselfEnds)
 {
-    const AcDbObjectId block = AddBlock(L"LOOP");
+    // Damaged files hold such blocks; made by hand, they come about only afterwards.
+    const AcDbObjectId block = AddBlock(L"LOOP"), other = AddBlock(L"OTHER");
     Add(Line(0, 0, 50, 0), block);
-    Add(new AcDbBlockReference(AcGePoint3d(0, 10, 0), block), block);
+    const AcDbObjectId inner = Add(new AcDbBlockReference(AcGePoint3d(0, 10, 0), other), block);
+    AcDbBlockReference* reference = nullptr;
+    ASSERT_EQ(acdbOpenObject(reference, inner, AcDb::kForWrite), Acad::eOk);
+    EXPECT_EQ(reference->setBlockTableRecord(block), Acad::eOk);
+    reference->close();
     Add(new AcDbBlockReference(AcGePoint3d(10, 10, 0), block));
     EXPECT_EQ(Inked(Drawn()), 51);
 }
