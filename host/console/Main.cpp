@@ -1,6 +1,7 @@
 // kxcad: opens a drawing, loads modules, runs commands, saves.
 #include "ap/Documents.h"
 #include "DebugOutput.h"
+#include "DesktopLibrary.h"
 #include "DrawingInfo.h"
 #include "ed/acedads.h"
 #include "ed/Session.h"
@@ -48,6 +49,7 @@ public:
     int ChangeInstallation();
 
 private:
+    bool OpenWindow();
     void MoveOutput();
     void TakeSupportFolders();
     int RunSteps(Session& session);
@@ -56,11 +58,16 @@ private:
     bool ReadSteps(std::wstring& text);
     bool Save();
     bool DrawPictures();
-    void Complain(const std::string& what, const std::wstring& why) { m_ui.Complain(FromUtf8(what) + L": " + why); }
+    static void Complain(const std::string& what, const std::wstring& why)
+    {
+        Ui().Complain(FromUtf8(what) + L": " + why);
+    }
 
     const Options& m_options;
     std::wstring m_release;
     TerminalUi m_ui;
+    HostWindow* m_published = nullptr;                   // while a session runs
+    std::unique_ptr<KxDesktop::DesktopHost> m_desktop;   // null without a window
 };
 
 // The command module lies beside the program.
@@ -170,6 +177,26 @@ bool Program::DrawPictures()
     return areWritten;
 }
 
+// Prompts of a window go through the same loop as those of a terminal.
+bool Program::OpenWindow()
+{
+    KxDesktop::DesktopSettings settings;
+    settings.stateFolder = StateFolder();
+    settings.serve = [this] {
+        if (m_published != nullptr)
+            m_published->Update();
+    };
+    settings.takeLine = [this](std::wstring& line) { return m_published != nullptr && m_published->TakeLine(line); };
+    std::wstring why;
+    m_desktop = OpenDesktop(settings, why);
+    if (m_desktop == nullptr) {
+        Complain("--window", why);
+        return false;
+    }
+    SetUi(m_desktop.get());
+    return true;
+}
+
 // A host without a terminal that a launcher started has nobody who reads its output now.
 void Program::MoveOutput()
 {
@@ -203,6 +230,8 @@ int Program::RunSteps(Session& session)
     if (!ReadSteps(typed) || !OpenDrawingFile() || !LoadModules())
         return kUnreadable;
     session.StartPrograms();
+    if (m_desktop != nullptr)
+        m_desktop->Show();
     int status = kDone;
     if (!m_options.steps.empty() && !session.Run(typed))
         status = kCommandFailed;
@@ -219,26 +248,33 @@ int Program::Run()
 {
     SetUi(&m_ui);
     SetOwnProductVersion(m_release);
+    if (m_options.hasWindow && !OpenWindow()) {
+        SetUi(nullptr);
+        return kWrongUsage;
+    }
     MoveOutput();
     WatchInterrupts();
     TakeSupportFolders();
     SessionOptions sessionOptions;
     sessionOptions.release = m_release;
     sessionOptions.echo = !m_options.isQuiet;
-    sessionOptions.hasKeyboard = m_options.steps.empty() || m_options.staysOpen;
+    sessionOptions.hasKeyboard = m_options.steps.empty() || m_options.staysOpen || m_options.hasWindow;
     if (m_options.staysOpen)
         m_ui.StayOpen();
     int status = kDone;
     {
         Session session(sessionOptions);
         HostWindow window(m_release, TakesTexts(m_options) && sessionOptions.hasKeyboard);
+        m_published = &window;
         m_ui.SetWindow(&window);
         status = RunSteps(session);
         m_ui.SetWindow(nullptr);
+        m_published = nullptr;
         m_ui.EndLine();
     }
     m_ui.EndLine();
     SetUi(nullptr);
+    m_desktop.reset();
     return status;
 }
 

@@ -30,11 +30,6 @@ void Check(Options& options, const std::string& what, const std::string& why)
         options.error = what + ": " + why;
 }
 
-void RefuseGraphics(Options& options, const char* name)
-{
-    options.error = std::string(name) + ": this program was built without graphics";
-}
-
 const OptionRow kOptions[] = {
     {"-s", "--script", true,
      [](Options& o, const std::string& value) {
@@ -59,7 +54,7 @@ const OptionRow kOptions[] = {
     {"", "--layers", true,
      [](Options& o, const std::string& value) { o.plot.settings.layers = KxPlat::FromUtf8(value); }},
     {"", "--all-layers", false, [](Options& o, const std::string&) { o.plot.settings.showsAllLayers = true; }},
-    {"", "--window", false, [](Options& o, const std::string&) { RefuseGraphics(o, "--window"); }},
+    {"", "--window", false, [](Options& o, const std::string&) { o.hasWindow = true; }},
     {"", "--release", true, SetRelease},
     {"", "--info", false, [](Options& o, const std::string&) { o.showsInfo = true; }},
     {"", "--stay", false, [](Options& o, const std::string&) { o.staysOpen = true; }},
@@ -173,7 +168,7 @@ const char* HelpText()
            "      --layout NAME    the sheet of this name with its viewports, instead of the model space\n"
            "      --layers NAMES   only these layers, as \"WALL*,DOOR\"; --all-layers also shows what is off or "
            "frozen\n"
-           "      --window         open the desktop window (needs a build with graphics)\n"
+           "      --window         open the desktop window, behind what scripts and commands do\n"
            "      --release R      the host release to present: 18.0, 18.1, 18.2, 19.0\n"
            "      --quiet          only what commands print\n"
            "      --stay           go on after the end of the input, as texts from other programs may come\n"

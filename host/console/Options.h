@@ -28,6 +28,7 @@ struct Options {
     // By switches such as "/b", as programs that start a CAD program write them.
     bool isLaunched = false;
     bool takesTexts = true;
+    bool hasWindow = false;   // on the desktop
     bool isQuiet = false;
     bool showsDebugOutput = false;
     bool showsInfo = false;   // of the drawing, and nothing else

@@ -102,6 +102,7 @@ private:
         case InputEvent::Type::Objects:
             piece.type = InputPiece::Type::Value;
             piece.value.restype = RTPICKS;
+            std::copy_n(event.point, 3, piece.value.resval.rpoint);
             piece.objects = event.objects;
             return true;
         default:

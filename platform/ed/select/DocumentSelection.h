@@ -12,6 +12,8 @@ struct DocumentSelection : DocumentPart {
     std::vector<AcDbObjectId> pickFirst;   // selected while no command runs
     std::vector<AcDbObjectId> grips;
     std::vector<AcDbObjectId> previous;   // chosen last
+    // What a running command has been given so far; null while none asks. For the picture.
+    const SelectionSet* choosing = nullptr;
 };
 
 // Of the current document; one that nobody owns where there is none.

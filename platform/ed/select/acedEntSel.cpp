@@ -14,8 +14,10 @@ namespace {
 // What an answer means: an object, or nothing. `picked` is set for points only.
 AcDbObjectId ObjectIn(const InputPiece& piece, AcDbDatabase& database, ads_point picked)
 {
-    if (!piece.objects.empty())
+    if (!piece.objects.empty()) {
+        ads_point_set(piece.value.resval.rpoint, picked);
         return static_cast<AcDbStub*>(piece.objects.front());
+    }
     if (piece.type == InputPiece::Type::Value && piece.value.restype == RTENAME) {
         AcDbObjectId id;
         acdbGetObjectId(id, piece.value.resval.rlname);
