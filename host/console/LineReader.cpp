@@ -78,6 +78,11 @@ LineReader::Result LineReader::ReadEdited(const std::string& prompt, std::string
     return Result::Line;
 }
 
+void LineReader::DropPasted()
+{
+    g_keys.DropPasted();
+}
+
 LineReader::Result LineReader::ReadPlain(std::string& line)
 {
     for (;;) {

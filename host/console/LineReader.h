@@ -20,6 +20,8 @@ public:
     // `prompt` stands in one line. After Message nothing is lost of what was typed: the next call goes on with it.
     // Of a pasted text each call gives a line.
     Result Read(const std::string& prompt, const Completer& completer, std::string& line);
+    // The user broke off what the lines already read began.
+    void DropPasted();
 
 private:
     Result ReadPlain(std::string& line);

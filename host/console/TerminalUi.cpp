@@ -133,7 +133,10 @@ bool TerminalUi::Interrupted()
 {
     if (m_window != nullptr)
         m_window->UpdateNowAndThen();
-    return TakeInterrupt();
+    const bool isInterrupted = TakeInterrupt();
+    if (isInterrupted)
+        m_reader.DropPasted();
+    return isInterrupted;
 }
 
 int TerminalUi::ShowMessage(std::wstring_view text, std::wstring_view caption, unsigned type)

@@ -64,13 +64,15 @@ class Terminal(Hosts):
         os.close(other)
         self.addCleanup(os.close, self.main)
         self.addCleanup(self.end, self.host)
-        self.seen = b""
+        self.seen, self.said = b"", ""
         self.wait_until("Command: ")
 
     def wait_until(self, text):
         def shown():
             if select.select([self.main], [], [], 0.1)[0]:
-                self.seen += os.read(self.main, 65536)
+                piece = os.read(self.main, 65536)
+                self.seen += piece
+                self.said += piece.decode("utf-8", "replace")
             return text.encode() in self.seen
         wait_for(f"{text!r} on the terminal", shown)
         self.seen = self.seen.partition(text.encode())[2]
@@ -89,6 +91,50 @@ class Terminal(Hosts):
         self.type('门")\r')
         for _ in range(2):
             self.wait_until("墙x门")
+
+    def answer(self, prompt, text):
+        """Types once the prompt is there: a key that comes before is lost."""
+        self.wait_until(prompt)
+        self.type(text)
+
+    def test_tab_completes_what_the_prompt_takes(self):
+        self.type("-lay\t\r")
+        self.answer("Enter an option", "N\r")
+        self.answer("name", "Walls of brick\r")
+        self.answer("Enter an option", "OFF\r")
+        self.answer("name", "walls\t\r")
+        self.wait_until("Walls of brick")
+        self.answer("Enter an option", "\r")
+        self.answer("Command: ", "(command \"_.LINE\" '(0 0) '(9 9) \"\")\r")
+        self.answer("Command: ", "_selec\t\r")
+        self.answer("Select objects: ", "las\t\r")
+        self.wait_until("Last")
+        self.wait_until("1 found")
+
+    def test_escape_cancels_what_is_being_typed(self):
+        self.type("LINE\r")
+        self.answer("first point: ", "1,2")
+        self.wait_until("1,2")
+        self.type("\x1b")
+        self.wait_until("*Cancel*")
+        self.answer("Command: ", "(+ 1  40)\x1b[D\x1b[D\x1b[D\x1b[D2\r")   # the arrows still move
+        self.wait_until("2004l43\r")
+
+    def test_pasted_lines_are_a_script(self):
+        self.type("(setq a \x1b[200~1)\r; a note\rLINE\r0,0\r3,4\r\r(princ (strcat \"len\"\r\t(itoa (+ a 8)) \"th\"))\r(pri\x1b[201~")
+        self.wait_until("Specify next point or [Undo]: 3,4")
+        self.wait_until("len9th")
+        self.answer("(pri", "nc \"end of it\")\r")
+        self.wait_until("2004lend of it")
+
+    def test_ctrl_c_ends_a_pasted_script(self):
+        self.type("\x1b[200~LINE\r0,0\r(progn (princ \"sl\") (princ \"ow\") (while T))\r(princ (strcat \"ne\" \"ver\"))\r\x1b[201~")
+        self.wait_until("slow")
+        os.kill(self.host.pid, signal.SIGINT)
+        self.answer("next point or [Undo]: ", "\r")
+        self.answer("Command: ", "(princ (strcat \"ag\" \"ain\"))\r")
+        self.wait_until("again")
+        self.assertNotIn("never", self.said)
 
     def test_ctrl_c_and_the_end_of_the_input(self):
         self.type('(getstring "word? ")\r')
