@@ -14,6 +14,7 @@
 #include "core/DbCore.h"
 #include "core/DefaultDrawing.h"
 #include "core/FileFormats.h"
+#include "core/LeftPictures.h"
 
 using namespace KxPlat;
 
@@ -231,6 +232,7 @@ Acad::ErrorStatus Write(DbCore& core, AcDbDatabase& database, const ACHAR* fileN
     const FileFormat* format = FormatOf(fileName);
     if (format == nullptr)
         return Acad::eInvalidFileExtension;
+    const WithoutLeftPictures leftOut(core);
     return format->write(database, fileName, version == AcDb::kDHL_CURRENT ? core.form.version : version,
                          core.form.isBinary, precision);
 }

@@ -95,7 +95,19 @@ Acad::ErrorStatus AcDbDatabase::wblock(AcDbDatabase*& output, AcDbObjectId block
 
 Acad::ErrorStatus AcDbDatabase::wblock(AcDbDatabase*& output)
 {
-    return wblock(output, EntitiesOf(m_core->modelSpace), insbase());
+    output = new AcDbDatabase(false, true);
+    DbCore& to = CoreOf(*output);
+    to.form.version = m_core->form.version;
+    to.form.codePage = m_core->form.codePage;
+    to.form.codePageNumber = m_core->form.codePageNumber;
+    CompleteDrawing(to);
+    AcDbIdMapping map;
+    map.setDestDb(output);
+    Cloner(to, map).CloneWhole(*m_core);
+    to.currentSpace =
+        m_core->currentSpace == nullptr ? to.modelSpace : static_cast<AcDbStub*>(map.find(m_core->currentSpace));
+    to.undo.Clear();
+    return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& block, const ACHAR* blockName, AcDbDatabase* source, bool)

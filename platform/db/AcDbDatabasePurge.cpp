@@ -5,6 +5,7 @@
 #include "AcDbEntity.h"
 #include "core/DbCore.h"
 #include "core/EraseUnused.h"
+#include "core/NamingLists.h"
 #include "core/ObjectAccess.h"
 #include <unordered_map>
 #include <unordered_set>
@@ -30,7 +31,6 @@ void ForEachHardReference(DbCore& core, Visit&& visit)
     });
 }
 
-// Extended data names its applications, and layers, without a handle.
 template <class Visit>
 void ForEachNameInXData(DbCore& core, Visit&& visit)
 {
@@ -39,13 +39,15 @@ void ForEachNameInXData(DbCore& core, Visit&& visit)
         TableKind table;
     } rows[] = {{1001, TableKind::RegApp}, {1003, TableKind::Layer}};
     core.handles.ForEach([&](AcDbStub& stub) {
-        if (stub.object == nullptr || !stub.object->hasXData() || AcDbObjectId(&stub).isEffectivelyErased())
+        if (stub.object == nullptr || AcDbObjectId(&stub).isEffectivelyErased())
             return;
-        for (const GroupValue& group : ObjectAccess::Find(*stub.object)->xData)
-            for (const auto& row : rows)
-                if (group.code == row.code)
-                    if (AcDbStub* named = core.Table(row.table)->find(std::wstring_view(group.text())))
-                        visit(named);
+        ForEachNamingList(*stub.object, [&](const GroupList& groups) {
+            for (const GroupValue& group : groups)
+                for (const auto& row : rows)
+                    if (group.code == row.code)
+                        if (AcDbStub* named = core.Table(row.table)->find(std::wstring_view(group.text())))
+                            visit(named);
+        });
     });
 }
 

@@ -1,7 +1,6 @@
 #include "AcDbXrecord.h"
 #include "core/GroupListField.h"
 #include "core/GroupResbuf.h"
-#include "core/ObjectAccess.h"
 
 using namespace KxPlat;
 
@@ -9,10 +8,12 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbXrecord, AcDbObject, 0, 0, 0, XRECORD, AcDb)
 
 namespace {
 
-// Everything behind the merge style (280) is data, markers and handles included.
+// Everything behind the merge style (280) is data, markers and handles included; in a text file also what looks like
+// extended data, since nothing there tells a record's values from 1000 on from its extended data.
 class XrecordData : public GroupListField<AcDbXrecord> {
 public:
     explicit XrecordData(GroupList AcDbXrecord::*member) : GroupListField(member, {}) {}
+    bool Continues(int) const override { return true; }
 };
 
 }   // namespace
@@ -32,12 +33,7 @@ Acad::ErrorStatus AcDbXrecord::rbChain(resbuf** chain, AcDbDatabase*) const
 {
     if (chain == nullptr)
         return Acad::eInvalidInput;
-    // Where values from 1000 on begin, a text file cannot tell a record's data from its extended data: it is all data.
-    const Annex* annex = ObjectAccess::Find(*this);
-    GroupList groups = m_groups;
-    if (annex != nullptr)
-        groups.insert(groups.end(), annex->xData.begin(), annex->xData.end());
-    *chain = ChainOf(groups);
+    *chain = ChainOf(m_groups);
     return Acad::eOk;
 }
 
@@ -52,8 +48,6 @@ Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase*
     if (status != Acad::eOk)
         return status;
     m_groups = std::move(groups);
-    if (hasXData())
-        ObjectAccess::Make(*this).xData.clear();
     return Acad::eOk;
 }
 

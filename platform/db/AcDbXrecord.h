@@ -16,6 +16,7 @@ public:
     void setMergeStyle(AcDb::DuplicateRecordCloning style);
 
     const KxPlat::GroupList& groups() const { return m_groups; }
+    KxPlat::GroupList& groups() { return m_groups; }
 
 private:
     KxPlat::GroupList m_groups;

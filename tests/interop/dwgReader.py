@@ -11,7 +11,7 @@ PACKAGE = Path(os.environ.get("KX_DWG_READER", kxcad.ROOT / "build/dwg-reader/no
 SCRIPT = Path(__file__).with_name("dwgReader.mjs")
 
 # Bits of the reader's error number. These two it sets for values that it finds odd in drawings of the format's own
-# program as well (any file from AC1024 on with an ATTRIB or a HATCH); from CRITICAL on it lost something.
+# program as well (most often those with an ATTRIB or a HATCH); from CRITICAL on it lost something.
 ODD_VALUES = 64 | 4
 CRITICAL = 128
 

@@ -27,7 +27,8 @@ AcDbObjectId Cloner::Copy(AcDbObjectId source, AcDbObjectId owner, bool isPrimar
     m_to.Adopt(copy, 0, owner, true);
     AcDbStub* stub = ObjectAccess::Stub(*copy);
     const AcDbStub* ownerStub = owner;
-    stub->fromXref = ownerStub != nullptr && ownerStub->fromXref;
+    const AcDbStub* sourceStub = source;
+    stub->fromXref = (ownerStub != nullptr && ownerStub->fromXref) || (m_keepsXref && sourceStub->fromXref);
     m_map.assign(AcDbIdPair(source, stub, true, isPrimary));
     m_made.push_back(stub);
     TranslateNamesInXData(*copy, from.database());

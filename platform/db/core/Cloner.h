@@ -22,6 +22,8 @@ public:
     // The model space of another drawing as the contents of the block `target` that stands for it. Records that they
     // need become dependent ones, named "xref|name"; entities are marked as never to be saved.
     void CloneXref(DbCore& source, AcDbBlockTableRecord& target);
+    // All of another drawing that is in use, into a new drawing without sheets: spaces, named objects, header variables.
+    void CloneWhole(DbCore& source);
 
 private:
     // How a record is to be met in the destination.
@@ -41,6 +43,8 @@ private:
     Place XrefPlaceOf(const AcDbSymbolTableRecord& from, TableKind kind) const;
     void MarkDependent(AcDbSymbolTableRecord& record, TableKind kind, const AcDbSymbolTableRecord& from) const;
     void CopyBlockContents(AcDbObjectId source, AcDbObjectId target);
+    void CopyNamedObjects(DbCore& source);
+    void CopyHeader(const DbCore& source);
     CString MangledName(TableKind kind, const CString& name) const;
     CString NextAnonymous(const CString& name) const;
 
@@ -64,6 +68,8 @@ private:
     size_t m_translated = 0;
     AcDbStub* m_block = nullptr;   // where entities go
     CString m_xref;                // the name that stands in front of dependent records; empty: no xref
+    bool m_isWhole = false;        // spaces are records like all others then
+    bool m_keepsXref = false;      // what came with an xref stays so in its copy
 };
 
 }   // namespace KxPlat

@@ -7,6 +7,7 @@
 #include "ClonerParts.h"
 #include "DefaultDrawing.h"
 #include "ObjectAccess.h"
+#include <utility>
 
 namespace KxPlat {
 
@@ -86,13 +87,19 @@ Cloner::Place Cloner::PlaceOf(const AcDbSymbolTableRecord& from, TableKind kind)
 {
     Place place;
     place.name = from.nameText();
-    place.there = m_to.Table(kind)->find(ViewOf(place.name));
+    // The viewports that share the screen all have one name.
+    place.there = kind == TableKind::Viewport ? nullptr : m_to.Table(kind)->find(ViewOf(place.name));
     if (place.there == nullptr)
         return place;
     // Spaces and applications mean the same in every drawing.
     const AcDbBlockTableRecord* block = AcDbBlockTableRecord::cast(&from);
-    if (kind == TableKind::RegApp || (block != nullptr && (block->isModelSpace() || block->isPaperSpace())))
+    const bool isSpace = block != nullptr && (block->isModelSpace() || block->isPaperSpace());
+    if (kind == TableKind::RegApp || (isSpace && !m_isWhole))
         return place;
+    if (isSpace) {
+        place.isReplaced = true;
+        return place;
+    }
     const AcDb::DuplicateRecordCloning mode = m_map.duplicateRecordCloning();
     if (block != nullptr && block->isAnonymous()) {
         place.name = NextAnonymous(place.name);
@@ -199,9 +206,11 @@ void Cloner::CopyBlockContents(AcDbObjectId source, AcDbObjectId target)
     to.nameBegin();
     to.setBlockFlags(from.blockFlags());
     to.setOrigin(from.origin());
+    const bool didKeep = std::exchange(m_keepsXref, m_xref.IsEmpty() && (IsXrefBlock(from) || from.isDependent()));
     for (AcDbStub* entity : from.entities())
         if (!entity->erased && entity->object != nullptr)
             Attached(entity, to, false);
+    m_keepsXref = didKeep;
 }
 
 }   // namespace KxPlat

@@ -7,6 +7,7 @@
 #include "Cloner.h"
 #include "ClonerParts.h"
 #include "DefaultDrawing.h"
+#include "NamingLists.h"
 #include "ObjectAccess.h"
 #include <algorithm>
 
@@ -115,20 +116,22 @@ void Cloner::TranslateOne(AcDbStub* clone)
     });
 }
 
-// Extended data names its applications, and layers, without a handle: they come along as well, and the layers' names
-// become those that they have in the destination.
+// Applications and layers that data only names come along as well, and the layers' names become those that they have in
+// the destination.
 void Cloner::TranslateNamesInXData(AcDbObject& copy, const AcDbDatabase* from)
 {
-    if (from == nullptr || from == m_to.database || !copy.hasXData())
+    if (from == nullptr || from == m_to.database)
         return;
-    for (GroupValue& group : ObjectAccess::Make(copy).xData) {
-        if (group.code != 1001 && group.code != 1003)
-            continue;
-        const TableKind kind = group.code == 1001 ? TableKind::RegApp : TableKind::Layer;
-        AcDbStub* source = CoreOf(*from).Table(kind)->find(ViewOf(group.text()));
-        if (source != nullptr)
-            group.value = static_cast<const AcDbSymbolTableRecord*>(ObjectOf(CopyRecord(source, kind)))->nameText();
-    }
+    ForEachNamingList(copy, [&](GroupList& groups) {
+        for (GroupValue& group : groups) {
+            if (group.code != 1001 && group.code != 1003)
+                continue;
+            const TableKind kind = group.code == 1001 ? TableKind::RegApp : TableKind::Layer;
+            AcDbStub* source = CoreOf(*from).Table(kind)->find(ViewOf(group.text()));
+            if (source != nullptr)
+                group.value = static_cast<const AcDbSymbolTableRecord*>(ObjectOf(CopyRecord(source, kind)))->nameText();
+        }
+    });
 }
 
 // A reactor that was not cloned knows nothing of the clone.

@@ -6,6 +6,7 @@
 #include "../AcDbLayerTableRecord.h"
 #include "../AcDbLayout.h"
 #include "../AcDbLinetypeTableRecord.h"
+#include "../AcDbMlineStyle.h"
 #include "../AcDbPlaceHolder.h"
 #include "../AcDbRegAppTableRecord.h"
 #include "../AcDbTextStyleTableRecord.h"
@@ -134,6 +135,21 @@ void BuildLayout(DbCore& core, AcDbDictionary& layouts, const wchar_t* name, AcD
     Build(block, [&](AcDbBlockTableRecord& record) { record.setLayoutId(id); });
 }
 
+// Two lines, half a unit to either side.
+void BuildMlineStyle(AcDbDictionary& styles)
+{
+    AcDbMlineStyle* style = new AcDbMlineStyle;
+    style->setName(L"Standard");
+    AcCmColor byLayer;
+    byLayer.setColorIndex(256);
+    int index = 0;
+    for (double offset : {0.5, -0.5})
+        style->addElement(index, offset, byLayer);
+    AcDbObjectId id;
+    Build(&styles, [&](AcDbDictionary& dictionary) { dictionary.setAt(L"Standard", style, id); });
+    style->close();
+}
+
 struct HeaderRow {
     const char* name;
     int code;
@@ -149,6 +165,7 @@ const HeaderRow kHeader[] = {
     {"$DIMSTYLE", 2, 0, L"Standard"}, {"$LUNITS", 70, 2, nullptr},         {"$LUPREC", 70, 4, nullptr},
     {"$AUNITS", 70, 0, nullptr},      {"$AUPREC", 70, 0, nullptr},         {"$MEASUREMENT", 70, 1, nullptr},
     {"$TILEMODE", 70, 1, nullptr},    {"$PDMODE", 70, 0, nullptr},         {"$PDSIZE", 40, 0, nullptr},
+    {"$CMLSTYLE", 2, 0, L"Standard"}, {"$CMLJUST", 70, 0, nullptr},        {"$CMLSCALE", 40, 20, nullptr},
     {"$CELWEIGHT", 370, -1, nullptr}, {"$INSUNITS", 70, 4, nullptr},       {"$HANDSEED", 5, 0, nullptr},
 };
 
@@ -194,7 +211,7 @@ void BuildDefaultDrawing(DbCore& core)
     BuildLayout(core, *layouts, L"Model", static_cast<AcDbBlockTableRecord*>(core.modelSpace->object), 0);
     AcDbStub* paper = core.Table(TableKind::Block)->find(ACDB_PAPER_SPACE);
     BuildLayout(core, *layouts, L"Layout1", static_cast<AcDbBlockTableRecord*>(paper->object), 1);
-    EnsureDictionary(core, root, L"ACAD_MLINESTYLE");
+    BuildMlineStyle(*EnsureDictionary(core, root, L"ACAD_MLINESTYLE"));
     AcDbSymbolTableRecord* active = NewRecord(TableKind::Viewport);
     active->takeName(L"*Active");
     AttachRecord(core, TableKind::Viewport, active, 0);

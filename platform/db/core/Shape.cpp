@@ -199,8 +199,8 @@ ShapeNode ShapeTable::Resolve(const ClassSchema& schema, uint32_t node, int code
 
     // A list that takes all of its section leaves only the single members before it, straight behind the marker.
     const std::vector<Field>& fields = schema.sections()[from.section].fields;
-    for (size_t i = 0; i < fields.size() && code < 1000; ++i)
-        if (fields[i].list != nullptr && fields[i].list->TakesAll()) {
+    for (size_t i = 0; i < fields.size(); ++i)
+        if (fields[i].list != nullptr && fields[i].list->TakesAll() && fields[i].list->Continues(code)) {
             if (from.op == Op::Marker && FindField(schema, node, from.section, code, wanted))
                 return wanted;
             wanted.op = Op::List;

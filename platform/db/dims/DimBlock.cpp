@@ -4,8 +4,10 @@
 #include "../AcDbLayerTableRecord.h"
 #include "../core/DbCore.h"
 #include "../core/FlatMap.h"
+#include "../core/LeftPictures.h"
 #include "../core/Members.h"
 #include "DimPicture.h"
+#include <utility>
 
 using namespace KxPlat;
 
@@ -85,7 +87,7 @@ Acad::ErrorStatus AcDbDimension::recomputeDimBlock(bool forceUpdate)
     const AcDbObjectId block = NewPicture(*database(), picture.entities());
     if (block.isNull())
         return Acad::eInvalidInput;
-    m_block = block;
+    LeavePicture(std::exchange(m_block, block));
     m_insertion = AcGePoint3d(0, 0, m_insertion.z);
     m_isStale = false;
     return Acad::eOk;
@@ -105,7 +107,7 @@ Acad::ErrorStatus AcDbDimension::MovePicture(const AcGeMatrix3d& transform)
     const AcDbObjectId block = NewPicture(*database(), entities);
     if (block.isNull())
         return Acad::eInvalidInput;
-    m_block = block;
+    LeavePicture(std::exchange(m_block, block));
     m_insertion = AcGePoint3d();
     return Acad::eOk;
 }
@@ -114,6 +116,8 @@ Acad::ErrorStatus AcDbDimension::subClose()
 {
     if (m_isStale && database() != nullptr && !isErased())
         recomputeDimBlock(true);
+    else if (isErased())
+        LeavePicture(m_block);
     return AcDbEntity::subClose();
 }
 
