@@ -22,7 +22,8 @@ public:
     // The model space of another drawing as the contents of the block `target` that stands for it. Records that they
     // need become dependent ones, named "xref|name"; entities are marked as never to be saved.
     void CloneXref(DbCore& source, AcDbBlockTableRecord& target);
-    // All of another drawing that is in use, into a new drawing without sheets: spaces, named objects, header variables.
+    // All of another drawing that is in use, into a new drawing without sheets: spaces, named objects, header
+    // variables.
     void CloneWhole(DbCore& source);
 
 private:
