@@ -130,6 +130,13 @@
 #include "db/AcDbXline.h"
 #include "db/AcDbXrecord.h"
 
+#include "gs/AcGs.h"
+#include "gs/AcGsClassFactory.h"
+#include "gs/AcGsDevice.h"
+#include "gs/AcGsManager.h"
+#include "gs/AcGsModel.h"
+#include "gs/AcGsView.h"
+
 #include "ap/AcApDocLockMode.h"
 #include "ap/AcApDocManager.h"
 #include "ap/AcApDocManagerReactor.h"

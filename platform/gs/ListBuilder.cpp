@@ -34,6 +34,21 @@ void AxesOf(const AcGeVector3d& normal, AcGeVector3d& x, AcGeVector3d& y)
     AcGeMatrix3d::planeToWorld(normal).getCoordSystem(origin, x, y, z);
 }
 
+// The normals of a surface at its vertices: the mean of those of the faces around, larger faces counting more.
+std::vector<AcGeVector3d> CornerNormals(const std::vector<std::vector<uint32_t>>& faces, const AcGePoint3d* vertices,
+                                        size_t count)
+{
+    std::vector<AcGeVector3d> normals(count);
+    for (const std::vector<uint32_t>& face : faces) {
+        AcGeVector3d normal;
+        for (size_t at = 2; at < face.size(); ++at)
+            normal += (vertices[face[at - 1]] - vertices[face[0]]).crossProduct(vertices[face[at]] - vertices[face[0]]);
+        for (const uint32_t corner : face)
+            normals[corner] += normal;
+    }
+    return normals;
+}
+
 float Below(double value)
 {
     return std::nextafter(float(value), -std::numeric_limits<float>::infinity());
@@ -202,31 +217,16 @@ public:
         std::vector<AcGePoint3d> closed(vertices, vertices + count);
         if (count > 0)
             closed.push_back(vertices[0]);
-        AddStrip(uint32_t(closed.size()), closed.data(), AcGeVector3d());
+        AddStrip(uint32_t(closed.size()), closed.data(), AcGeVector3d(), ItemKind::Edge);
         return Adesk::kFalse;
     }
     Adesk::Boolean mesh(Adesk::UInt32 rows, Adesk::UInt32 columns, const AcGePoint3d* vertices, const AcGiEdgeData*,
-                        const AcGiFaceData*, const AcGiVertexData*, bool) const override
-    {
-        for (Adesk::UInt32 row = 0; row + 1 < rows; ++row)
-            for (Adesk::UInt32 column = 0; column + 1 < columns; ++column) {
-                const AcGePoint3d* at = vertices + size_t(row) * columns + column;
-                const AcGePoint3d corners[] = {at[0], at[1], at[columns + 1], at[columns]};
-                AddFace(4, corners);
-            }
-        for (Adesk::UInt32 row = 0; row < rows; ++row)
-            AddStrip(columns, vertices + size_t(row) * columns, AcGeVector3d());
-        std::vector<AcGePoint3d> line(rows);
-        for (Adesk::UInt32 column = 0; column < columns; ++column) {
-            for (Adesk::UInt32 row = 0; row < rows; ++row)
-                line[row] = vertices[size_t(row) * columns + column];
-            AddStrip(rows, line.data(), AcGeVector3d());
-        }
-        return Adesk::kFalse;
-    }
+                        const AcGiFaceData*, const AcGiVertexData*, bool) const override;
     Adesk::Boolean shell(Adesk::UInt32 vertexCount, const AcGePoint3d* vertices, Adesk::UInt32 faceListSize,
                          const Adesk::Int32* faceList, const AcGiEdgeData*, const AcGiFaceData*, const AcGiVertexData*,
                          const void*, bool) const override;
+    void FillShell(const std::vector<std::vector<uint32_t>>& faces, const std::vector<bool>& isHole,
+                   const AcGePoint3d* vertices) const;
 
     Adesk::Boolean text(const AcGePoint3d& position, const AcGeVector3d& normal, const AcGeVector3d& direction,
                         double height, double width, double oblique, const ACHAR* message) const override
@@ -330,19 +330,22 @@ private:
         return count > 0;
     }
 
-    void AddStrip(uint32_t count, const AcGePoint3d* points, const AcGeVector3d& shift) const
+    void AddStrip(uint32_t count, const AcGePoint3d* points, const AcGeVector3d& shift,
+                  ItemKind kind = ItemKind::Strip) const
     {
+        if (!shift.isZeroLength())
+            kind = ItemKind::Edge;
         const uint32_t first = uint32_t(m_list.points.size());
         if (AddPoints(count, points, AcGeVector3d()))
-            Push(ItemKind::Strip, first, count);
+            Push(kind, first, count);
         if (shift.isZeroLength())
             return;
         const uint32_t above = uint32_t(m_list.points.size());
         if (AddPoints(count, points, shift))
-            Push(ItemKind::Strip, above, count);
+            Push(kind, above, count);
         for (uint32_t at = 0; at < count; ++at) {
             const AcGePoint3d upright[] = {points[at], points[at] + shift};
-            AddStrip(2, upright, AcGeVector3d());
+            AddStrip(2, upright, AcGeVector3d(), kind);
             if (at == 0)
                 continue;
             const AcGePoint3d wall[] = {points[at - 1], points[at], points[at] + shift, points[at - 1] + shift};
@@ -355,6 +358,20 @@ private:
         const uint32_t first = uint32_t(m_list.points.size());
         if (count >= 3 && AddPoints(count, points, AcGeVector3d()))
             Push(ItemKind::Face, first, count);
+    }
+    // A face of a surface, by the numbers of its corners.
+    void AddSmoothFace(const std::vector<uint32_t>& corners, const AcGePoint3d* vertices,
+                       const std::vector<AcGeVector3d>& normals) const
+    {
+        std::vector<AcGePoint3d> points;
+        for (const uint32_t corner : corners)
+            points.push_back(vertices[corner]);
+        const uint32_t first = uint32_t(m_list.points.size());
+        if (points.size() < 3 || !AddPoints(uint32_t(points.size()), points.data(), AcGeVector3d()))
+            return;
+        for (const uint32_t corner : corners)
+            m_list.points.push_back(AsPoint(m_stack.empty() ? normals[corner] : Top() * normals[corner]));
+        Push(ItemKind::SmoothFace, first, uint32_t(points.size()));
     }
 
     bool AddContour(uint32_t count, const AcGePoint3d* points) const
@@ -442,41 +459,84 @@ private:
     mutable bool m_isEndless = false;
 };
 
+Adesk::Boolean ListBuilder::Geometry::mesh(Adesk::UInt32 rows, Adesk::UInt32 columns, const AcGePoint3d* vertices,
+                                           const AcGiEdgeData*, const AcGiFaceData*, const AcGiVertexData*, bool) const
+{
+    std::vector<std::vector<uint32_t>> faces;
+    for (Adesk::UInt32 row = 0; row + 1 < rows; ++row)
+        for (Adesk::UInt32 column = 0; column + 1 < columns; ++column) {
+            const uint32_t at = row * columns + column;
+            faces.push_back({at, at + 1, at + columns + 1, at + columns});
+        }
+    const std::vector<AcGeVector3d> normals = CornerNormals(faces, vertices, size_t(rows) * columns);
+    for (const std::vector<uint32_t>& face : faces)
+        AddSmoothFace(face, vertices, normals);
+    for (Adesk::UInt32 row = 0; row < rows; ++row)
+        AddStrip(columns, vertices + size_t(row) * columns, AcGeVector3d(), ItemKind::Edge);
+    std::vector<AcGePoint3d> line(rows);
+    for (Adesk::UInt32 column = 0; column < columns; ++column) {
+        for (Adesk::UInt32 row = 0; row < rows; ++row)
+            line[row] = vertices[size_t(row) * columns + column];
+        AddStrip(rows, line.data(), AcGeVector3d(), ItemKind::Edge);
+    }
+    return Adesk::kFalse;
+}
+
 Adesk::Boolean ListBuilder::Geometry::shell(Adesk::UInt32 vertexCount, const AcGePoint3d* vertices,
                                             Adesk::UInt32 faceListSize, const Adesk::Int32* faceList,
                                             const AcGiEdgeData*, const AcGiFaceData*, const AcGiVertexData*,
                                             const void*, bool) const
 {
-    const bool isFill = m_builder.m_traits->fillType() == kAcGiFillAlways;
-    std::vector<AcGePoint3d> face;
-    uint32_t firstContour = uint32_t(m_list.contours.size());
-    const auto endFill = [&] {
-        const uint32_t count = uint32_t(m_list.contours.size()) - firstContour;
-        if (count > 0)
-            Push(ItemKind::Fill, firstContour, count);
-        firstContour = uint32_t(m_list.contours.size());
-    };
+    std::vector<std::vector<uint32_t>> faces;
+    std::vector<bool> isHole;
     for (Adesk::UInt32 at = 0; at < faceListSize;) {
         const Adesk::Int32 count = faceList[at++];
-        face.clear();
+        isHole.push_back(count < 0);
+        std::vector<uint32_t>& face = faces.emplace_back();
         for (Adesk::Int32 corner = 0; corner < std::abs(count) && at < faceListSize; ++corner, ++at)
             if (faceList[at] >= 0 && Adesk::UInt32(faceList[at]) < vertexCount)
-                face.push_back(vertices[faceList[at]]);
-        if (isFill) {
-            if (count > 0)
-                endFill();
-            AddContour(uint32_t(face.size()), face.data());
-            continue;
-        }
-        if (count > 0)
-            AddFace(uint32_t(face.size()), face.data());
-        if (!face.empty())
-            face.push_back(face.front());
-        AddStrip(uint32_t(face.size()), face.data(), AcGeVector3d());
+                face.push_back(uint32_t(faceList[at]));
     }
-    if (isFill)
-        endFill();
+    if (m_builder.m_traits->fillType() == kAcGiFillAlways) {
+        FillShell(faces, isHole, vertices);
+        return Adesk::kFalse;
+    }
+    const std::vector<AcGeVector3d> normals = CornerNormals(faces, vertices, vertexCount);
+    std::vector<AcGePoint3d> edge;
+    for (size_t at = 0; at < faces.size(); ++at) {
+        if (!isHole[at])
+            AddSmoothFace(faces[at], vertices, normals);
+        edge.clear();
+        for (const uint32_t corner : faces[at])
+            edge.push_back(vertices[corner]);
+        if (!edge.empty())
+            edge.push_back(edge.front());
+        AddStrip(uint32_t(edge.size()), edge.data(), AcGeVector3d(), ItemKind::Edge);
+    }
     return Adesk::kFalse;
+}
+
+// Holes are contours of the face before them.
+void ListBuilder::Geometry::FillShell(const std::vector<std::vector<uint32_t>>& faces, const std::vector<bool>& isHole,
+                                      const AcGePoint3d* vertices) const
+{
+    std::vector<AcGePoint3d> contour;
+    uint32_t first = uint32_t(m_list.contours.size());
+    const auto end = [&] {
+        const uint32_t count = uint32_t(m_list.contours.size()) - first;
+        if (count > 0)
+            Push(ItemKind::Fill, first, count);
+        first = uint32_t(m_list.contours.size());
+    };
+    for (size_t at = 0; at < faces.size(); ++at) {
+        if (!isHole[at])
+            end();
+        contour.clear();
+        for (const uint32_t corner : faces[at])
+            contour.push_back(vertices[corner]);
+        AddContour(uint32_t(contour.size()), contour.data());
+    }
+    end();
 }
 
 Adesk::Boolean ListBuilder::Geometry::text(const AcGePoint3d& position, const AcGeVector3d& normal,
@@ -564,14 +624,14 @@ ListBuilder::ListBuilder(DisplayList& list, Scene& scene)
 
 ListBuilder::~ListBuilder() = default;
 
-void ListBuilder::Add(AcDbEntity& entity)
+void ListBuilder::Add(AcGiDrawable& drawable)
 {
     Finish();
     m_isOpen = true;
-    m_list.entities.push_back({entity.objectId(), uint32_t(m_list.items.size()), 0, {}, {}});
+    m_list.entities.push_back({drawable.id(), uint32_t(m_list.items.size()), 0, {}, {}});
     m_traits->Reset();
-    if ((entity.setAttributes(m_traits.get()) & AcGiDrawable::kDrawableIsInvisible) == 0)
-        entity.worldDraw(this);
+    if ((drawable.setAttributes(m_traits.get()) & AcGiDrawable::kDrawableIsInvisible) == 0)
+        drawable.worldDraw(this);
 }
 
 void ListBuilder::Finish()

@@ -5,8 +5,6 @@
 #include "DisplayList.h"
 #include <memory>
 
-class AcDbEntity;
-
 namespace KxPlat {
 
 class Scene;
@@ -17,8 +15,8 @@ public:
     ListBuilder(DisplayList& list, Scene& scene);
     ~ListBuilder() override;
 
-    // Draws an entity that is open for read.
-    void Add(AcDbEntity& entity);
+    // Draws an entity that is open for read, or something of no drawing.
+    void Add(AcGiDrawable& drawable);
     void Finish();   // closes the box of the last entity
 
     AcGiRegenType regenType() const override { return kAcGiStandardDisplay; }

@@ -4,6 +4,7 @@
 #include "SpatialIndex.h"
 #include <algorithm>
 #include <deque>
+#include <numeric>
 
 namespace KxPlat {
 
@@ -199,24 +200,26 @@ private:
     std::deque<std::vector<Settled>> m_settled{1};   // by depth; references stay valid as it grows
 };
 
-SceneWalk::SceneWalk(Scene& scene, AcDbObjectId block, const Projection& projection, DrawOptions options,
+SceneWalk::SceneWalk(Scene& scene, const DisplayList& list, const Projection& projection, DrawOptions options,
                      Painter& painter)
-    : m_scene(scene),
-      m_block(block),
+    : m_list(list),
       m_projection(projection),
       m_options(std::move(options)),
-      m_walker(std::make_unique<Walker>(scene, m_projection, m_options, painter))
+      m_walker(std::make_unique<Walker>(scene, m_projection, m_options, painter)),
+      m_entities(list.entities.size())
 {
-    const DisplayList& list = scene.ListOf(block);
-    m_walker->Enter(block, list);
-    if (SpatialIndex* index = m_options.usesIndex ? scene.IndexOf(block) : nullptr) {
+    m_walker->Enter(AcDbObjectId(), list);
+    std::iota(m_entities.begin(), m_entities.end(), 0);
+}
+
+SceneWalk::SceneWalk(Scene& scene, AcDbObjectId block, const Projection& projection, DrawOptions options,
+                     Painter& painter)
+    : SceneWalk(scene, scene.ListOf(block), projection, std::move(options), painter)
+{
+    m_walker->Enter(block, m_list);
+    if (SpatialIndex* index = m_options.usesIndex ? scene.IndexOf(block) : nullptr)
         index->Find(
-            list, m_projection, [&](uint32_t entity) { return m_walker->Shows(list, entity); }, m_entities);
-        return;
-    }
-    m_entities.resize(list.entities.size());
-    for (size_t at = 0; at < m_entities.size(); ++at)
-        m_entities[at] = uint32_t(at);
+            m_list, m_projection, [&](uint32_t entity) { return m_walker->Shows(m_list, entity); }, m_entities);
 }
 
 SceneWalk::~SceneWalk() = default;
@@ -228,9 +231,8 @@ void SceneWalk::Keep(std::vector<uint32_t> entities)
 
 void SceneWalk::Draw(size_t count, size_t every)
 {
-    const DisplayList& list = m_scene.ListOf(m_block);
     for (; count > 0 && m_at < m_entities.size(); m_at += every, --count)
-        m_walker->DrawEntity(list, m_entities[m_at], m_projection);
+        m_walker->DrawEntity(m_list, m_entities[m_at], m_projection);
 }
 
 void DrawScene(Scene& scene, AcDbObjectId block, const Projection& projection, const DrawOptions& options,

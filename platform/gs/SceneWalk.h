@@ -32,6 +32,9 @@ struct DrawOptions {
 class SceneWalk {
 public:
     SceneWalk(Scene& scene, AcDbObjectId block, const Projection& projection, DrawOptions options, Painter& painter);
+    // A list that belongs to no block.
+    SceneWalk(Scene& scene, const DisplayList& list, const Projection& projection, DrawOptions options,
+              Painter& painter);
     ~SceneWalk();
     SceneWalk(const SceneWalk&) = delete;
 
@@ -46,8 +49,7 @@ public:
 private:
     class Walker;
 
-    Scene& m_scene;
-    AcDbObjectId m_block;
+    const DisplayList& m_list;
     Projection m_projection;
     DrawOptions m_options;
     std::unique_ptr<Walker> m_walker;
