@@ -181,6 +181,7 @@ void CommandDock::TakeAnswer(const InputEvent& event)
 void CommandDock::ShowBusy()
 {
     m_prompt->clear();
+    m_line->setPlaceholderText(QString());
     ShowKeywords({});
 }
 

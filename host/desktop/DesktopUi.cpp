@@ -6,6 +6,7 @@
 #include "MessageBoxes.h"
 #include "ModelDialog.h"
 #include "QtText.h"
+#include "QtWindows.h"
 #include "ui/TerminalDialog.h"
 #include "ui/TextMessage.h"
 #include "win/CodePage.h"
@@ -40,6 +41,8 @@ DesktopUi::DesktopUi(const DesktopSettings& settings)
     QApplication::setApplicationName(QStringLiteral("kxcad"));
     QApplication::setQuitOnLastWindowClosed(false);
     m_window = std::make_unique<MainWindow>(m_queue, m_settings);
+    m_windows = std::make_unique<QtWindows>(*m_window);
+    m_window->resized = [this] { m_windows->FollowMainWindow(); };
     m_queue.arrived = [this] {
         if (m_waiting != nullptr)
             m_waiting->quit();
@@ -51,6 +54,8 @@ DesktopUi::DesktopUi(const DesktopSettings& settings)
 DesktopUi::~DesktopUi()
 {
     m_queue.arrived = nullptr;
+    m_window->resized = nullptr;
+    m_windows.reset();
     m_window.reset();
 }
 
@@ -149,7 +154,7 @@ int DesktopUi::RunDialog(DialogModel& dialog)
     if (IsScripted())
         return RunTerminalDialog(dialog, *this, AskSession);
     m_window->FollowDrawing();
-    return RunModelDialog(*m_window, dialog, [this] { m_window->FollowDrawing(); });
+    return RunModelDialog(*m_window, dialog, *m_windows, [this] { m_window->FollowDrawing(); });
 }
 
 void DesktopUi::Progress(std::wstring_view what, int percent)

@@ -10,6 +10,7 @@
 namespace KxDesktop {
 
 class MainWindow;
+class QtWindows;
 
 class DesktopUi : public DesktopHost {
 public:
@@ -42,6 +43,7 @@ private:
     QApplication m_application;
     InputQueue m_queue;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<QtWindows> m_windows;
     QEventLoop* m_waiting = nullptr;
     QElapsedTimer m_breath;
     bool m_isInterrupted = false;

@@ -18,6 +18,7 @@ constexpr double kPickBox = 6;           // half of it, pixels
 constexpr double kDrag = 4;              // a pointer that moves less with its button down has clicked
 constexpr double kSliceOfDrawing = 12;   // milliseconds between looks at the user
 constexpr double kWheelStep = 1.25;
+constexpr size_t kMostWithGrips = 100;   // of more objects grips would hide the picture
 
 }   // namespace
 
@@ -181,7 +182,9 @@ void DrawingArea::ShowChosen()
 {
     const DocumentSelection& selection = PartOf<DocumentSelection>(*m_document);
     const bool isChoosing = selection.choosing != nullptr;
-    View()->Highlight(isChoosing ? selection.choosing->Ids() : Selected(), m_showsGrips && !isChoosing);
+    std::vector<AcDbObjectId> shown = isChoosing ? selection.choosing->Ids() : Selected();
+    const bool hasGrips = m_showsGrips && !isChoosing && shown.size() <= kMostWithGrips;
+    View()->Highlight(std::move(shown), hasGrips);
 }
 
 bool DrawingArea::DropRectangle()

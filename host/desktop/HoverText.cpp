@@ -1,5 +1,6 @@
 #include "HoverText.h"
 #include "ed/AcEdInputPointManager.h"
+#include "mfc/Escaped.h"
 #include "QtText.h"
 #include <QToolTip>
 
@@ -66,10 +67,12 @@ std::wstring FilteredText(AcApDocument& document, const AcGePoint3d& point, cons
     const AcArray<AcDbCustomOsnapMode*> noModes;
     const AcArray<AcDbObjectId> noKeys;
     const AcArray<AcGeCurve3d*> noPaths;
-    const Acad::ErrorStatus status = filter->processInputPoint(
-        isPointChanged, newPoint, isTextChanged, text, asksAgain, nullptr, &document, true, 0, lastPoint, point, point,
-        point, point, AcDb::OsnapMask(0), noModes, AcDb::OsnapMask(0), noModes, under, nested, marks, noKeys, Nested(),
-        AcArray<int>(), noPaths, point, L"");
+    const Acad::ErrorStatus status = KxPlat::Guarded(L"an input point filter", Acad::eInvalidInput, [&] {
+        return filter->processInputPoint(isPointChanged, newPoint, isTextChanged, text, asksAgain, nullptr, &document,
+                                         true, 0, lastPoint, point, point, point, point, AcDb::OsnapMask(0), noModes,
+                                         AcDb::OsnapMask(0), noModes, under, nested, marks, noKeys, Nested(),
+                                         AcArray<int>(), noPaths, point, L"");
+    });
     return status == Acad::eOk && isTextChanged && text != nullptr ? std::wstring(text) : std::wstring();
 }
 

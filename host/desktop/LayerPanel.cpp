@@ -42,7 +42,7 @@ LayerPanel::LayerPanel(QWidget* parent) : QDockWidget(parent)
     column->addWidget(m_filter);
     column->addWidget(m_tree, 1);
     setWidget(body);
-    const int widths[kColumns] = {118, 30, 30, 30, 78, 60};
+    const int widths[kColumns] = {120, 27, 27, 27, 70, 80};
     for (int at = 0; at < kColumns; ++at)
         m_tree->setColumnWidth(at, widths[at]);
     connect(m_filter, &QLineEdit::textChanged, this, [this] { Filter(); });

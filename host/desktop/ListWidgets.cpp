@@ -74,7 +74,7 @@ private:
         m_tree->header()->setStretchLastSection(true);
         m_tree->header()->setMinimumSectionSize(24);
         for (int at = 0; at < int(columns.size()); ++at)
-            m_tree->setColumnWidth(at, std::max(columns[size_t(at)].width, 24) * 5 / 4);
+            m_tree->setColumnWidth(at, std::max(columns[size_t(at)].width, 24));
     }
 
     void FollowRow(QTreeWidgetItem& item, const DialogRow& row)

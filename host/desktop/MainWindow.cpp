@@ -28,6 +28,7 @@
 #include <QSettings>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 using namespace KxPlat;
@@ -92,7 +93,6 @@ void MainWindow::BuildParts()
     column->setSpacing(0);
     m_tabs = new QTabBar(middle);
     m_tabs->setObjectName(QStringLiteral("documentTabs"));
-    m_tabs->setTabsClosable(true);
     m_tabs->setExpanding(false);
     m_tabs->setDocumentMode(true);
     m_tabs->setDrawBase(false);
@@ -136,7 +136,6 @@ void MainWindow::BuildStatusBar()
 void MainWindow::ConnectParts()
 {
     connect(m_tabs, &QTabBar::tabBarClicked, this, [this](int index) { ActivateTab(index); });
-    connect(m_tabs, &QTabBar::tabCloseRequested, this, [this](int index) { CloseTab(index); });
     m_command->escaped = [this] { Escape(); };
     m_area->typed = [this](QKeyEvent* key) {
         if (key->key() == Qt::Key_Escape)
@@ -260,7 +259,7 @@ void MainWindow::FollowTabs()
     const std::vector<AcApDocument*>& open = OpenDocuments();
     for (size_t at = 0; at < open.size(); ++at) {
         if (at >= size_t(m_tabs->count()))
-            m_tabs->addTab(QString());
+            AddTab();
         const bool isChanged = CoreOf(*open[at]->database()).modified != 0;
         m_tabs->setTabText(int(at), ToQt(open[at]->docTitle()) + (isChanged ? QStringLiteral(" *") : QString()));
         m_tabs->setTabToolTip(int(at), ToQt(open[at]->fileName()));
@@ -271,6 +270,22 @@ void MainWindow::FollowTabs()
     const auto current = std::find(open.begin(), open.end(), acDocManager->mdiActiveDocument());
     if (current != open.end())
         m_tabs->setCurrentIndex(int(current - open.begin()));
+}
+
+void MainWindow::AddTab()
+{
+    const int index = m_tabs->addTab(QString());
+    auto* cross = new QToolButton(m_tabs);
+    cross->setObjectName(QStringLiteral("closeTab"));
+    cross->setText(QStringLiteral("×"));
+    cross->setAutoRaise(true);
+    cross->setFocusPolicy(Qt::NoFocus);
+    connect(cross, &QToolButton::clicked, this, [this, cross] {
+        for (int at = 0; at < m_tabs->count(); ++at)
+            if (m_tabs->tabButton(at, QTabBar::RightSide) == cross)
+                return CloseTab(at);
+    });
+    m_tabs->setTabButton(index, QTabBar::RightSide, cross);
 }
 
 void MainWindow::FollowTitle()
@@ -388,6 +403,13 @@ void MainWindow::PlotToFile()
         QMessageBox::warning(this, Say(Text::Plot).remove(QLatin1Char('&')), ToQt(path + L"\n\n" + result.error));
     else
         Print(L"\n" + path + (result.warning.empty() ? L"" : L": " + result.warning));
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    if (resized)
+        resized();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -40,7 +40,10 @@ public:
     // Esc while nothing is asked.
     std::function<void()> cancelled;
 
+    std::function<void()> resized;
+
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -64,6 +67,7 @@ private:
     void ConnectParts();
 
     void FollowTabs();
+    void AddTab();
     void FollowTitle();
     void FollowSelection();
     void Escape();

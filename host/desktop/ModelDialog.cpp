@@ -1,6 +1,8 @@
 #include "ModelDialog.h"
 #include "ControlWidgets.h"
 #include "QtText.h"
+#include "QtWindows.h"
+#include "ui/WindowTable.h"
 #include "win/KxWinTypes.h"
 #include <memory>
 #include <QDialog>
@@ -36,6 +38,15 @@ public:
         Follow();
         if (QWidget* first = WidgetOf(model.focusId))
             first->setFocus();
+    }
+
+    // Of a window in the dialog, which the platform lays out for letters of another size.
+    QRect PlaceOf(const RECT& rect) const
+    {
+        const RECT whole = PixelsOf(m_model.rect, m_model.fontSize);
+        const double x = width() / std::max(1.0, double(whole.right - whole.left));
+        const double y = height() / std::max(1.0, double(whole.bottom - whole.top));
+        return QRectF(rect.left * x, rect.top * y, (rect.right - rect.left) * x, (rect.bottom - rect.top) * y).toRect();
     }
 
 protected:
@@ -116,11 +127,15 @@ private:
 
 }   // namespace
 
-int RunModelDialog(QWidget& parent, DialogModel& model, const std::function<void()>& changed)
+int RunModelDialog(QWidget& parent, DialogModel& model, QtWindows& windows, const std::function<void()>& changed)
 {
-    ModelDialog dialog(parent, model, changed);
-    if (!model.Ended())
-        dialog.exec();
+    {
+        ModelDialog dialog(parent, model, changed);
+        windows.BeginDialog(model, dialog, [&](const RECT& rect) { return dialog.PlaceOf(rect); });
+        if (!model.Ended())
+            dialog.exec();
+        windows.EndDialog(model);
+    }
     if (!model.Ended())
         model.End(IDCANCEL);
     return model.Result();

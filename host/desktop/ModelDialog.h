@@ -7,7 +7,10 @@ class QWidget;
 
 namespace KxDesktop {
 
+class QtWindows;
+
 // Runs it to its end; the code given to EndDialog. `changed` is called after everything that the user did in it.
-int RunModelDialog(QWidget& parent, KxPlat::DialogModel& model, const std::function<void()>& changed);
+int RunModelDialog(QWidget& parent, KxPlat::DialogModel& model, QtWindows& windows,
+                   const std::function<void()>& changed);
 
 }   // namespace KxDesktop

@@ -68,6 +68,7 @@ const char kStyle[] =
     " border-radius: 3px; padding: 1px 8px; }"
     "QPushButton[keyword=\"true\"]:hover { color: %highlighted; background: %highlight; }"
     "QTreeWidget { border: 1px solid %line; }"
+    "QTreeWidget::item { padding: 2px 1px; }"
     "QHeaderView::section { background: %button; padding: 3px 5px; border: none; border-right: 1px solid %line;"
     " border-bottom: 1px solid %line; }";
 
