@@ -2,6 +2,7 @@
 #pragma once
 #include "mfc/AfxExtensionModule.h"
 #include "mfc/AfxMessageBox.h"
+#include "mfc/CAdUiDockControlBar.h"
 #include "mfc/CArray.h"
 #include "mfc/CButton.h"
 #include "mfc/CCmdTarget.h"
@@ -12,6 +13,7 @@
 #include "mfc/CEdit.h"
 #include "mfc/CException.h"
 #include "mfc/CFile.h"
+#include "mfc/CFrameWnd.h"
 #include "mfc/CImageList.h"
 #include "mfc/CList.h"
 #include "mfc/CListBox.h"

@@ -210,6 +210,11 @@ void AcApDocManager::pushResourceHandle(HINSTANCE resources)
     Documents().resources.push_back(resources);
 }
 
+void AcApDocManager::pushAcadResourceHandle()
+{
+    pushResourceHandle(nullptr);   // the program's
+}
+
 void AcApDocManager::popResourceHandle()
 {
     if (!Documents().resources.empty())

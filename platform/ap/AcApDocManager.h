@@ -43,6 +43,7 @@ public:
 
     // Where dialogs are looked for first, above the host's own resources.
     void pushResourceHandle(HINSTANCE resources);
+    void pushAcadResourceHandle();   // the host's own
     void popResourceHandle();
 
 private:

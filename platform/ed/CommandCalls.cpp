@@ -1,4 +1,6 @@
 // Running commands from code, and the hooks into the host's message loop.
+#include "../mfc/CFrameWnd.h"
+#include "../mfc/Escaped.h"
 #include "../rx/ResBufs.h"
 #include "../ui/WindowQueue.h"
 #include "acedads.h"
@@ -123,13 +125,18 @@ bool KxPlat::PassMessage(MSG& message)
         return false;
     const std::vector<AcedFilterWinMsgFn> filters = editor->filters;
     for (auto filter = filters.rbegin(); filter != filters.rend(); ++filter) {
-        if ((*filter)(&message) != 0)
+        if (KxPlat::Guarded(L"a filter of messages", 0, [&] { return (*filter)(&message); }) != 0)
             return true;
     }
     const std::vector<AcedWatchWinMsgFn> watches = editor->watches;
     for (const AcedWatchWinMsgFn watch : watches)
-        watch(&message);
+        KxPlat::Guarded(L"a watch on messages", true, [&] { return watch(&message), true; });
     return false;
+}
+
+CMDIFrameWnd* acedGetAcadFrame()
+{
+    return AfxGetMainFrame();
 }
 
 void InitAcUiDLL() {}

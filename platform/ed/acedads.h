@@ -7,6 +7,8 @@
 #include "select/acdbads.h"
 #include "select/acedSelection.h"
 
+class CMDIFrameWnd;
+
 // Runs commands with the given pieces of input. What the pieces leave open is asked from whoever called.
 int acedCommand(int rtype, ...);
 int acedCmd(const resbuf* arguments);
@@ -76,6 +78,9 @@ int acedRegisterFilterWinMsg(AcedFilterWinMsgFn function);
 int acedRemoveFilterWinMsg(AcedFilterWinMsgFn function);
 int acedRegisterWatchWinMsg(AcedWatchWinMsgFn function);
 int acedRemoveWatchWinMsg(AcedWatchWinMsgFn function);
+
+// The host's main window, the parent of bars and dialogs of modules.
+CMDIFrameWnd* acedGetAcadFrame();
 
 // Dialog classes of the host; nothing needs to be set up here.
 void InitAcUiDLL();

@@ -18,9 +18,18 @@ enum class DockSide { Floating = 0, Top = 0xE81B, Left = 0xE81C, Right = 0xE81D,
 struct DockRequest {
     HWND bar = nullptr;
     DockSide side = DockSide::Left;
-    RECT floating = {0, 0, 0, 0};   // screen; where and how large it floats
+    RECT floating = {0, 0, 0, 0};   // screen; where and how large it floats, and its size before it was docked
     bool isVisible = true;
+    uint32_t allowed = 0xF000;   // sides, as CBRS_ALIGN_ flags: left 0x1000, top 0x2000, right 0x4000, bottom 0x8000
 };
+
+// What a backend sends to a bar's window when the user has docked it elsewhere: wParam is a DockSide. Its cross is
+// WM_CLOSE.
+constexpr UINT kBarDockedMessage = 0xBFF0;
+
+// The class of the main window in the table. A backend shows its own window for it and gives it that one's size; bars
+// are its children.
+constexpr wchar_t kFrameClass[] = L"KxMainFrame";
 
 // A text as grey values, 0 to 255, row by row.
 struct TextMask {
@@ -49,17 +58,14 @@ public:
 
     // Shows a menu at a place of the screen until an item is chosen; 0 when none was.
     virtual UINT TrackMenu(HWND owner, const MenuModel& menu, POINT at) { return 0; }
-    // A bar was docked, undocked, shown or hidden. The backend gives the bar its size with PlaceWindow.
-    virtual void Dock(const DockRequest& request) {}
-    // Names the window in which desktop windows and docks stand; null without one.
-    virtual HWND MainWindow() { return nullptr; }
+    // A bar is to be docked, undocked, shown or hidden. True when the backend does it; it gives the bar its size with
+    // PlaceWindow then and later.
+    virtual bool Dock(const DockRequest& request) { return false; }
     // A text in a font of this height in pixels; an empty mask where there is no font.
     virtual TextMask DrawnText(std::wstring_view text, int height) { return {}; }
 
     // Messages, timers or paintings wait: PumpWindows() is to be called soon, in `milliseconds` at the latest.
     virtual void WorkPending(DWORD milliseconds) {}
-    // The modal loop of a dialog or a popup waits for the user; false ends it.
-    virtual bool WaitForUser() { return false; }
 };
 
 // The backend of this process; never null. Setting null puts the one in memory back.

@@ -32,7 +32,7 @@ struct Queue {
 
 Queue& TheQueue()
 {
-    static Queue queue;
+    static Queue& queue = *new Queue;   // kept to the end of the process, as the windows
     return queue;
 }
 

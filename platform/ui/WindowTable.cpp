@@ -41,7 +41,6 @@ namespace {
 class WindowTable : public LocalWindows {
 public:
     WindowTable() { SetLocalWindows(this); }
-    ~WindowTable() override { SetLocalWindows(nullptr); }
 
     std::map<HWND, std::unique_ptr<NativeWindow>> windows;
     uintptr_t lastNumber = 0;
@@ -73,7 +72,8 @@ public:
 
 WindowTable& Table()
 {
-    static WindowTable table;
+    // Kept to the end of the process: objects of modules may outlive any order of leaving.
+    static WindowTable& table = *new WindowTable;
     return table;
 }
 
