@@ -274,9 +274,26 @@ bool CKxAcXDataList::SetHandle(long index, const AcDbHandle& handle)
 
 // --- the application's name ------------------------------------------------------------------------------------------
 
+namespace {
+
+// Without the list of values that a search of the table makes.
+bool IsRegistered(AcDbDatabase* database, const wchar_t* name)
+{
+    AcDbRegAppTable* table = nullptr;
+    if (database == nullptr || database->getSymbolTable(table, AcDb::kForRead) != Acad::eOk)
+        return false;
+    const bool has = table->has(name);
+    table->close();
+    return has;
+}
+
+}   // namespace
+
 Acad::ErrorStatus CKxAcXDataList::RegisterAppName(AcDbObjectId id) const
 {
     AcDbDatabase* working = acdbHostApplicationServices()->workingDatabase();
+    if (IsRegistered(id.isNull() ? working : id.database(), m_appName))
+        return Acad::eOk;
     if (!id.isNull() && id.database() != working) {
         AcDbSymbolTableRecord* record = nullptr;
         const Acad::ErrorStatus es =
@@ -285,11 +302,6 @@ Acad::ErrorStatus CKxAcXDataList::RegisterAppName(AcDbObjectId id) const
         if (record != nullptr)
             record->close();
         return es == Acad::eOk ? es : Acad::eInvalidInput;
-    }
-    resbuf* known = acdbTblSearch(L"APPID", m_appName, 0);
-    if (known != nullptr) {
-        acutRelRb(known);
-        return Acad::eOk;
     }
     return acdbRegApp(m_appName) == RTNORM ? Acad::eOk : Acad::eInvalidInput;
 }

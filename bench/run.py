@@ -38,9 +38,10 @@ def measured(program, folder, only):
     return rows
 
 
-def peak_memory(kxcad, drawing):
-    """The largest resident size of the host program, in bytes, while it holds the drawing."""
-    process = subprocess.Popen([kxcad, "--no-module", "--quiet", drawing], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+def peak_memory(kxcad, drawing, saved=None):
+    """The largest resident size of the host program, in bytes, while it holds the drawing and saves it under a name."""
+    target = ["--output", saved] if saved else []
+    process = subprocess.Popen([kxcad, "--no-module", "--quiet", *target, drawing], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
     _, status, usage = os.wait4(process.pid, 0)
     process.returncode = os.waitstatus_to_exitcode(status)
     return usage.ru_maxrss * 1024 if process.returncode == 0 else None
@@ -108,6 +109,7 @@ def main():
     peak = peak_memory(programs / "kxcad", drawing)
     dwg_files = [folder / "all2000.dwg", folder / "all2010.dwg"]
     dwg_peaks = [peak_memory(programs / "kxcad", file) if file.exists() else None for file in dwg_files]
+    save_peaks = [peak_memory(programs / "kxcad", drawing, folder / name) for name in ("saved.dxf", "saved.dwg")]
 
     def ratio(name, to):
         return seconds[name] / seconds[to] if name in seconds and seconds.get(to) else None
@@ -123,6 +125,7 @@ def main():
         ("save as DWG 2010", "walks over the DXF", 4.0, ratio("SaveDwg2010", "Walk")),
         ("peak memory of the DWG 2000", "of that of the DXF", 1.0, dwg_peaks[0] / peak if peak and dwg_peaks[0] else None),
         ("peak memory of the DWG 2010", "of that of the DXF", 1.0, dwg_peaks[1] / peak if peak and dwg_peaks[1] else None),
+        ("peak memory of saving as DWG", "of that of saving as DXF", 1.0, save_peaks[1] / save_peaks[0] if all(save_peaks) else None),
         ("HidePickObjectLayer over all objects", "walks", 0.2, ratio("HidePickObjectLayer", "Walk")),
         ("HidePickObject over all objects", "walks", 0.3, ratio("HidePickObject", "Walk")),
         ("ShowAllObject over all objects", "walks", 0.3, ratio("ShowAllObject", "Walk")),

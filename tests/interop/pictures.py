@@ -20,6 +20,7 @@ except ImportError:
     sys.exit(kxcad.SKIPPED)
 
 COLUMNS, ROWS = 60, 40
+FILLING = 2 * ROWS     # lines across a filled area
 MOST_DIFFERENT = 0.02   # share of the cells that are inked in either
 
 
@@ -28,10 +29,10 @@ class Recorder(Backend):
 
     def __init__(self):
         super().__init__()
-        self.segments = []
+        self.segments, self.background = [], None
 
     def set_background(self, color):
-        pass
+        self.background = color
 
     def draw_point(self, pos, properties):
         self.segments.append((pos.x, pos.y, pos.x, pos.y))
@@ -41,8 +42,16 @@ class Recorder(Backend):
 
     def draw_filled_polygon(self, points, properties):
         points = list(points)
-        for a, b in zip(points, points[1:] + points[:1]):
+        edges = list(zip(points, points[1:] + points[:1]))
+        for a, b in edges:
             self.draw_line(a, b, properties)
+        if properties.color == self.background:   # a wipeout
+            return
+        low, high = min(p.y for p in points), max(p.y for p in points)
+        for step in range(1, FILLING):
+            y = low + (high - low) * step / FILLING
+            xs = sorted(a.x + (b.x - a.x) * (y - a.y) / (b.y - a.y) for a, b in edges if (a.y > y) != (b.y > y))
+            self.segments += [(left, y, right, y) for left, right in zip(xs[::2], xs[1::2])]
 
     def draw_text(self, text, transform, properties, cap_height):
         width = self.get_text_line_width(text, cap_height)
@@ -129,21 +138,30 @@ def missing(cells, others):
             if not any((x + dx, y + dy) in others for dx in (-1, 0, 1) for dy in (-1, 0, 1))}
 
 
+def difference(source, folder):
+    """What is inked in one picture of the model space only; None where that is little."""
+    picture = Path(folder, "picture.png")
+    result = kxcad.run("--no-module", "--quiet", "--command", "", "--plot", picture, "--dpi", 75, source)
+    if result.status != 0:
+        return str(result)
+    ours = cells_of_picture(picture)
+    segments = recorded(ezdxf.readfile(source))
+    theirs = cells_of_segments(segments) if segments else set()
+    lacking, added = missing(theirs, ours), missing(ours, theirs)
+    if ours and len(lacking) + len(added) <= MOST_DIFFERENT * len(ours | theirs):
+        return None
+    return f"{len(ours)} cells inked here, {len(theirs)} there; lacking {sorted(lacking)[:20]}, added {sorted(added)[:20]}"
+
+
 def main(source):
     if not source.is_file():
         print(f"{source} is not here")
         return kxcad.SKIPPED
     with tempfile.TemporaryDirectory() as folder:
-        picture = Path(folder, "picture.png")
-        result = kxcad.run("--no-module", "--quiet", "--command", "", "--plot", picture, "--dpi", 75, source)
-        if result.status != 0:
-            print(result)
-            return 1
-        ours = cells_of_picture(picture)
-    theirs = cells_of_segments(recorded(ezdxf.readfile(source)))
-    lacking, added = missing(theirs, ours), missing(ours, theirs)
-    print(f"{len(ours)} cells inked here, {len(theirs)} there; lacking {sorted(lacking)[:20]}, added {sorted(added)[:20]}")
-    return 1 if len(lacking) + len(added) > MOST_DIFFERENT * max(len(ours | theirs), 1) else 0
+        found = difference(source, folder)
+    if found:
+        print(found)
+    return 1 if found else 0
 
 
 if __name__ == "__main__":
