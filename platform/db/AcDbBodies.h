@@ -12,6 +12,7 @@ public:
 
 protected:
     AcDbModelerGeometry() = default;
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
 
 private:
     KxPlat::GroupList m_groups;
@@ -39,6 +40,9 @@ public:
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
 
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
+
 private:
     KxPlat::GroupList m_groups;
 };
@@ -58,6 +62,9 @@ public:
     ACDB_DECLARE_MEMBERS(AcDbMLeader);
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
+
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
 
 private:
     KxPlat::GroupList m_groups;

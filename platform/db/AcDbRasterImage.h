@@ -54,4 +54,7 @@ private:
 class AcDbWipeout : public AcDbRasterImage {
 public:
     ACDB_DECLARE_MEMBERS(AcDbWipeout);
+
+protected:
+    Adesk::Boolean subWorldDraw(AcGiWorldDraw* worldDraw) override;
 };

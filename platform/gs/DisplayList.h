@@ -3,6 +3,7 @@
 #pragma once
 #include "../db/AcDbObjectId.h"
 #include "../ge/AcGeMatrix3d.h"
+#include "../gi/DrawNotes.h"
 #include <cstdint>
 #include <map>
 #include <string>
@@ -18,6 +19,9 @@ constexpr uint32_t kColorByLayer = 0xC0000000;
 constexpr uint32_t kColorByBlock = 0xC1000000;
 constexpr uint32_t kColorIndexed = 0xC3000000;   // with the index in the low byte
 constexpr uint32_t kColorBackground = 0xC8000000;
+
+// Blocks within blocks; deeper ones are not drawn.
+constexpr size_t kDeepestBlock = 64;
 
 // How something is drawn, before layers and block references have their say.
 struct Look {
@@ -92,8 +96,10 @@ struct DisplayList {
     std::vector<BlockItem> blocks;
     std::vector<Item> items;
     std::vector<Look> looks;
-    std::vector<EntitySpan> entities;   // in drawing order
-    uint64_t leftOut = 0;               // items with coordinates that are no numbers, or beyond the limits
+    std::vector<EntitySpan> entities;               // in drawing order
+    uint64_t notes[size_t(DrawNote::Count)] = {};   // how often what was left out or simplified
+
+    void Note(DrawNote note) { ++notes[size_t(note)]; }
 };
 
 }   // namespace KxPlat

@@ -1,6 +1,7 @@
 #include "ListBuilder.h"
 #include "../db/AcDbBlockTableRecord.h"
 #include "../db/AcDbPolyline.h"
+#include "../gi/AcGiEdgeData.h"
 #include "../gi/AcGiTextStyle.h"
 #include "../gi/fonts/Font.h"
 #include "../rx/AcRxClass.h"
@@ -14,7 +15,8 @@ namespace KxPlat {
 namespace {
 
 constexpr double kFarthest = 1e15;   // coordinates beyond are damage
-constexpr double kEndless = 1e9;     // half the length at which a line without end is drawn
+constexpr size_t kLongestText = 20000;
+constexpr double kEndless = 1e9;   // half the length at which a line without end is drawn
 
 bool IsDrawable(const AcGePoint3d& point)
 {
@@ -225,6 +227,7 @@ public:
     Adesk::Boolean shell(Adesk::UInt32 vertexCount, const AcGePoint3d* vertices, Adesk::UInt32 faceListSize,
                          const Adesk::Int32* faceList, const AcGiEdgeData*, const AcGiFaceData*, const AcGiVertexData*,
                          const void*, bool) const override;
+    void AddEdges(const std::vector<uint32_t>& corners, const AcGePoint3d* vertices, const Adesk::UInt8* visible) const;
     void FillShell(const std::vector<std::vector<uint32_t>>& faces, const std::vector<bool>& isHole,
                    const AcGePoint3d* vertices) const;
 
@@ -320,7 +323,7 @@ private:
             const AcGePoint3d point = m_stack.empty() ? points[at] + shift : Top() * (points[at] + shift);
             if (!IsDrawable(point)) {
                 m_list.points.resize(before);
-                ++m_list.leftOut;
+                m_list.Note(DrawNote::Damaged);
                 return false;
             }
             m_list.points.push_back(point);
@@ -403,7 +406,7 @@ private:
         }
         if (!IsDrawable(arc.center) || !IsDrawable(AsPoint(arc.x)) || !IsDrawable(AsPoint(arc.y)) ||
             !(std::abs(sweep) <= 1e6)) {
-            ++m_list.leftOut;
+            m_list.Note(DrawNote::Damaged);
             return;
         }
         // The box of the whole ellipse: a bound is enough.
@@ -484,7 +487,7 @@ Adesk::Boolean ListBuilder::Geometry::mesh(Adesk::UInt32 rows, Adesk::UInt32 col
 
 Adesk::Boolean ListBuilder::Geometry::shell(Adesk::UInt32 vertexCount, const AcGePoint3d* vertices,
                                             Adesk::UInt32 faceListSize, const Adesk::Int32* faceList,
-                                            const AcGiEdgeData*, const AcGiFaceData*, const AcGiVertexData*,
+                                            const AcGiEdgeData* edges, const AcGiFaceData*, const AcGiVertexData*,
                                             const void*, bool) const
 {
     std::vector<std::vector<uint32_t>> faces;
@@ -502,18 +505,34 @@ Adesk::Boolean ListBuilder::Geometry::shell(Adesk::UInt32 vertexCount, const AcG
         return Adesk::kFalse;
     }
     const std::vector<AcGeVector3d> normals = CornerNormals(faces, vertices, vertexCount);
-    std::vector<AcGePoint3d> edge;
+    const Adesk::UInt8* visible = edges == nullptr ? nullptr : edges->visibility();
     for (size_t at = 0; at < faces.size(); ++at) {
         if (!isHole[at])
             AddSmoothFace(faces[at], vertices, normals);
-        edge.clear();
-        for (const uint32_t corner : faces[at])
-            edge.push_back(vertices[corner]);
-        if (!edge.empty())
-            edge.push_back(edge.front());
-        AddStrip(uint32_t(edge.size()), edge.data(), AcGeVector3d(), ItemKind::Edge);
+        AddEdges(faces[at], vertices, visible);
+        if (visible != nullptr)
+            visible += faces[at].size();
     }
     return Adesk::kFalse;
+}
+
+// The outline of a face, or those of its edges that are to be seen.
+void ListBuilder::Geometry::AddEdges(const std::vector<uint32_t>& corners, const AcGePoint3d* vertices,
+                                     const Adesk::UInt8* visible) const
+{
+    std::vector<AcGePoint3d> edge;
+    for (size_t at = 0; at < corners.size(); ++at) {
+        const AcGePoint3d &from = vertices[corners[at]], &to = vertices[corners[(at + 1) % corners.size()]];
+        if (visible != nullptr && visible[at] != kAcGiVisible) {
+            AddStrip(uint32_t(edge.size()), edge.data(), AcGeVector3d(), ItemKind::Edge);
+            edge.clear();
+            continue;
+        }
+        if (edge.empty())
+            edge.push_back(from);
+        edge.push_back(to);
+    }
+    AddStrip(uint32_t(edge.size()), edge.data(), AcGeVector3d(), ItemKind::Edge);
 }
 
 // Holes are contours of the face before them.
@@ -554,6 +573,10 @@ Adesk::Boolean ListBuilder::Geometry::text(const AcGePoint3d& position, const Ac
     item.text = shown.GetString();
     if (item.text.empty())
         return Adesk::kFalse;
+    if (item.text.size() > kLongestText) {
+        item.text.resize(kLongestText);
+        m_list.Note(DrawNote::CutText);
+    }
     item.fonts = &FontsOf(style);
     item.family = style.typeface();
     const AcGeVector3d along = direction.normal();
@@ -566,7 +589,7 @@ Adesk::Boolean ListBuilder::Geometry::text(const AcGePoint3d& position, const Ac
         for (const double top : {-0.3 * style.textSize(), style.isVertical() ? size.y : style.textSize()}) {
             const AcGePoint3d corner = Top() * (position + along * right + up * top);
             if (!IsDrawable(corner)) {
-                ++m_list.leftOut;
+                m_list.Note(DrawNote::Damaged);
                 return Adesk::kFalse;
             }
             Touch(corner);
@@ -589,6 +612,11 @@ Adesk::Boolean ListBuilder::Geometry::draw(AcGiDrawable* drawable) const
     if (drawable == nullptr)
         return Adesk::kFalse;
     if (const AcDbBlockTableRecord* block = AcDbBlockTableRecord::cast(drawable)) {
+        const Scene& scene = m_builder.m_scene;
+        if (scene.TakingDepth() >= kDeepestBlock || scene.IsTaking(block->objectId())) {
+            m_list.Note(DrawNote::DeepBlocks);
+            return Adesk::kFalse;
+        }
         m_list.blocks.push_back({block->objectId(), Top()});
         TouchBlock(m_builder.m_scene.BoxOf(block->objectId()));
         Push(ItemKind::Block, uint32_t(m_list.blocks.size() - 1), 1);

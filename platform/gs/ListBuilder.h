@@ -2,6 +2,7 @@
 #pragma once
 #include "../gi/AcGiDrawable.h"
 #include "../gi/AcGiWorldDraw.h"
+#include "../gi/DrawNotes.h"
 #include "DisplayList.h"
 #include <memory>
 
@@ -9,7 +10,7 @@ namespace KxPlat {
 
 class Scene;
 
-class ListBuilder : public AcGiWorldDraw {
+class ListBuilder : public AcGiWorldDraw, public DrawNotes {
 public:
     // `scene` knows the boxes of blocks.
     ListBuilder(DisplayList& list, Scene& scene);
@@ -19,6 +20,7 @@ public:
     void Add(AcGiDrawable& drawable);
     void Finish();   // closes the box of the last entity
 
+    void Note(DrawNote note) override { m_list.Note(note); }
     AcGiRegenType regenType() const override { return kAcGiStandardDisplay; }
     Adesk::Boolean regenAbort() const override { return Adesk::kFalse; }
     AcGiSubEntityTraits& subEntityTraits() const override;

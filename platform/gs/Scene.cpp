@@ -135,6 +135,7 @@ void Scene::TakeDown(Kept& kept, AcDbObjectId id)
     AcDbBlockTableRecord* block = nullptr;
     if (acdbOpenObject(block, id, AcDb::kForRead) != Acad::eOk)
         return;
+    m_taking.push_back(id);
     const bool isSpace = block->isModelSpace() || block->isPaperSpace();
     ListBuilder builder(kept.list, *this);
     for (const AcDbObjectId& entityId : DrawOrderOf(*block)) {
@@ -149,6 +150,13 @@ void Scene::TakeDown(Kept& kept, AcDbObjectId id)
     }
     builder.Finish();
     block->close();
+    m_taking.pop_back();
+    kept.box = MeasuredBox(kept.list);
+}
+
+bool Scene::IsTaking(AcDbObjectId block) const
+{
+    return std::find(m_taking.begin(), m_taking.end(), block) != m_taking.end();
 }
 
 SpatialIndex* Scene::IndexOf(AcDbObjectId block)
@@ -163,24 +171,46 @@ SpatialIndex* Scene::IndexOf(AcDbObjectId block)
     return kept.index.get();
 }
 
-uint64_t Scene::leftOut() const
+uint64_t Scene::CountOf(DrawNote note) const
 {
-    uint64_t count = 0;
+    uint64_t count = m_notes[size_t(note)];
     for (const auto& [block, kept] : m_lists)
-        count += kept->list.leftOut;
+        count += kept->list.notes[size_t(note)];
     return count;
 }
 
 std::wstring Scene::LeftOutText() const
 {
-    const uint64_t count = leftOut();
-    return count == 0 ? std::wstring() : std::to_wstring(count) + L" items with damaged coordinates were left out";
+    static const struct {
+        DrawNote note;
+        const wchar_t *one, *many;
+    } rows[] = {
+        {DrawNote::Damaged, L"item with damaged coordinates left out", L"items with damaged coordinates left out"},
+        {DrawNote::DenseHatch, L"dense hatch filled", L"dense hatches filled"},
+        {DrawNote::Modeller, L"modeller solid not drawn", L"modeller solids not drawn"},
+        {DrawNote::CutText, L"overlong text cut", L"overlong texts cut"},
+        {DrawNote::DeepBlocks, L"endless block cut", L"endless blocks cut"},
+    };
+    std::wstring text;
+    for (const auto& row : rows) {
+        const uint64_t count = CountOf(row.note);
+        if (count > 0)
+            text += (text.empty() ? L"" : L", ") + std::to_wstring(count) + L" " + (count == 1 ? row.one : row.many);
+    }
+    return text;
 }
 
 Box Scene::BoxOf(AcDbObjectId block)
 {
+    const DisplayList& list = ListOf(block);
+    const std::optional<Box>& known = m_lists[block]->box;
+    return known.has_value() ? *known : MeasuredBox(list);
+}
+
+Box Scene::MeasuredBox(const DisplayList& list) const
+{
     Box box = EmptyBox();
-    for (const EntitySpan& span : ListOf(block).entities)
+    for (const EntitySpan& span : list.entities)
         if (HasBox(span))
             Add(box, span);
     return box;

@@ -55,6 +55,9 @@ public:
     // What the drawing's objects had done to them since the last call comes into the lists, and the tables are read
     // again. True when a list was changed.
     bool Update();
+    // Blocks whose lists are being made, one for another: how many, and whether this is one of them.
+    size_t TakingDepth() const { return m_taking.size(); }
+    bool IsTaking(AcDbObjectId block) const;
     // Of the list of a block; null for a short list.
     SpatialIndex* IndexOf(AcDbObjectId block);
 
@@ -63,8 +66,10 @@ public:
     double linetypeScale() const { return m_linetypeScale; }
     bool showsLineWeights() const { return m_showsLineWeights; }
     AcDbDatabase& database() const { return m_database; }
-    // Items that were left out for damaged coordinates, in all lists made so far.
-    uint64_t leftOut() const;
+    // How often something was left out or simplified, in all lists made so far.
+    uint64_t CountOf(DrawNote note) const;
+    // Of drawing, rather than of making a list.
+    void Note(DrawNote note) { ++m_notes[size_t(note)]; }
     // The same as a line for users; empty when nothing was.
     std::wstring LeftOutText() const;
     // Counts up whenever layers and linetypes are read.
@@ -76,6 +81,7 @@ private:
     struct Kept;
     using Touched = std::unordered_map<const AcDbStub*, std::unordered_set<AcDbStub*>>;   // by block
 
+    Box MeasuredBox(const DisplayList& list) const;
     void TakeDown(Kept& kept, AcDbObjectId block);
     void TakeDownAnew(Kept& kept, AcDbObjectId block, const std::unordered_set<AcDbStub*>& entities);
     bool Sort(const std::vector<AcDbStub*>& touched, Touched& byBlock) const;
@@ -88,6 +94,8 @@ private:
     std::unordered_map<const AcDbStub*, SceneLinetype> m_linetypes;
     double m_linetypeScale = 1;
     bool m_showsLineWeights = false;
+    std::vector<AcDbObjectId> m_taking;
+    uint64_t m_notes[size_t(DrawNote::Count)] = {};
     uint64_t m_tablesNumber = 0;
     uint64_t m_drawnCount = 0;
     uint64_t m_position = 0;     // in the record of what was touched

@@ -144,6 +144,7 @@ bool Scene::Update()
 void Scene::TakeDownAnew(Kept& kept, AcDbObjectId block, const std::unordered_set<AcDbStub*>& entities)
 {
     DisplayList& list = kept.list;
+    kept.box.reset();
     std::unordered_set<AcDbStub*> unknown = entities;
     std::vector<size_t> places;
     for (size_t at = 0; at < list.entities.size(); ++at)

@@ -10,7 +10,8 @@ namespace KxPlat {
 
 namespace {
 
-constexpr int kDeepest = 32;   // blocks within blocks
+// Entities within blocks that one drawing shows; blocks that hold each other many times could make it endless.
+constexpr size_t kMostNested = 20000000;
 
 // What a block reference hands on to its contents.
 struct Inherited {
@@ -79,7 +80,7 @@ private:
 
     void DrawBlock(AcDbObjectId block, const Projection& projection, const Inherited& inherited)
     {
-        if (std::find(m_inside.begin(), m_inside.end(), block) != m_inside.end() || m_inside.size() >= kDeepest)
+        if (std::find(m_inside.begin(), m_inside.end(), block) != m_inside.end() || m_inside.size() >= kDeepestBlock)
             return;
         m_inside.push_back(block);
         const DisplayList& list = m_scene.ListOf(block);
@@ -88,6 +89,11 @@ private:
         std::vector<Settled>& settled = m_settled[m_inside.size() - 1];
         Reset(settled, list);
         for (size_t at = 0; at < list.entities.size(); ++at) {
+            if (++m_nested > kMostNested) {
+                if (m_nested == kMostNested + 1)
+                    m_scene.Note(DrawNote::DeepBlocks);
+                break;
+            }
             const EntitySpan& span = list.entities[at];
             const Reach reach = ReachOf(span, projection);
             if (reach != Reach::Outside || m_options.cutsNothing)
@@ -98,6 +104,27 @@ private:
         m_inside.pop_back();
     }
 
+    // The colour of the first thing within a block that is seen; false when there is none.
+    bool ColorWithin(AcDbObjectId block, const Inherited& inherited, uint32_t& rgb)
+    {
+        if (std::find(m_inside.begin(), m_inside.end(), block) != m_inside.end() || m_inside.size() >= kDeepestBlock)
+            return false;
+        m_inside.push_back(block);
+        const DisplayList& list = m_scene.ListOf(block);
+        bool isFound = false;
+        for (size_t at = 0; at < list.items.size() && !isFound && ++m_nested <= kMostNested; ++at) {
+            const Item& item = list.items[at];
+            Settled look;
+            Settle(list.looks[item.look], inherited, look);
+            if (item.kind == ItemKind::Block)
+                isFound = look.showsBlocks && ColorWithin(list.blocks[item.first].block, look.own, rgb);
+            else if (look.showsItems)
+                rgb = look.stroke.pen.rgb, isFound = true;
+        }
+        m_inside.pop_back();
+        return isFound;
+    }
+
     void DrawSpan(const DisplayList& list, const EntitySpan& span, Reach reach, const Projection& projection,
                   const Inherited& inherited, std::vector<Settled>& settled)
     {
@@ -106,6 +133,13 @@ private:
             const Settled& look = SettledLook(list, item.look, inherited, settled);
             if (item.kind == ItemKind::Block) {
                 const BlockItem& block = list.blocks[item.first];
+                uint32_t rgb = 0;
+                if (look.showsBlocks && reach == Reach::Dot) {
+                    if (!ColorWithin(block.block, look.own, rgb))
+                        continue;
+                    m_shapes.Dot(AcGePoint3d(span.min[0], span.min[1], span.min[2]), projection, rgb);
+                    return;
+                }
                 if (look.showsBlocks)
                     DrawBlock(block.block, projection.Within(block.toOwner), Inherited(look.own));
                 continue;
@@ -113,7 +147,7 @@ private:
             if (!look.showsItems)
                 continue;
             if (reach == Reach::Dot) {
-                m_shapes.Dot(AcGePoint3d(span.min[0], span.min[1], span.min[2]), projection, look.own.rgb);
+                m_shapes.Dot(AcGePoint3d(span.min[0], span.min[1], span.min[2]), projection, look.stroke.pen.rgb);
                 return;
             }
             m_shapes.Draw(list, item, projection, look.stroke);
@@ -196,6 +230,7 @@ private:
     Painter& m_painter;
     ShapeDrawer m_shapes;
     uint32_t m_foreground;
+    size_t m_nested = 0;
     std::vector<AcDbObjectId> m_inside;
     std::deque<std::vector<Settled>> m_settled{1};   // by depth; references stay valid as it grows
 };

@@ -1,6 +1,7 @@
 // Hatches: filled areas, and families of parallel lines cut at the boundary. Pattern lines are stored turned and
 // scaled.
 #include "../../gi/AcGiWorldDraw.h"
+#include "../../gi/DrawNotes.h"
 #include "../AcDbHatch.h"
 #include "../core/HatchLoop.h"
 #include "Drawing.h"
@@ -15,6 +16,7 @@ namespace {
 // Denser than this a pattern cannot be told from a filled area.
 constexpr int64_t kMostLines = 20000;
 constexpr size_t kMostDashes = 300000;
+constexpr size_t kMostCuts = 200000000;
 
 using Outline = std::vector<AcGePoint2d>;
 
@@ -107,8 +109,12 @@ public:
         if (!(std::abs(distance) > 0) || !std::isfinite(highest - lowest) ||
             (highest - lowest) / std::abs(distance) > double(kMostLines))
             return false;
-        const auto bounds = std::minmax(lowest / distance, highest / distance);
-        for (double line = std::ceil(bounds.first); line <= bounds.second; ++line) {
+        // Every line is cut with every edge of the boundary.
+        const double first = std::ceil(std::min(lowest / distance, highest / distance));
+        const double last = std::max(lowest / distance, highest / distance);
+        if ((last - first) * double(EdgeCount()) > double(kMostCuts))
+            return false;
+        for (double line = first; line <= last; ++line) {
             const AcGePoint2d base(family.base.x + family.step.x * line, family.base.y + family.step.y * line);
             if (!Cut(base, along, across, family.dashes))
                 return false;
@@ -117,6 +123,13 @@ public:
     }
 
 private:
+    size_t EdgeCount() const
+    {
+        size_t count = 0;
+        for (const Outline& outline : m_outlines)
+            count += outline.size();
+        return count;
+    }
     // The parts of one line within the boundaries.
     bool Cut(const AcGePoint2d& base, const AcGeVector2d& along, const AcGeVector2d& across,
              const std::vector<double>& dashes)
@@ -145,8 +158,11 @@ private:
         double period = 0;
         for (const double dash : dashes)
             period += std::abs(dash);
-        if (period <= 0)
+        if (!(period > 0))
             return Line(base, along, from, to);
+        m_count += size_t(std::min((to - from) / period * double(dashes.size()), double(kMostDashes)));
+        if (m_count > kMostDashes || !(std::max(std::abs(from), std::abs(to)) / period < 1e9))
+            return false;
         double at = std::floor(from / period) * period;
         while (at < to)
             for (const double dash : dashes) {
@@ -160,7 +176,7 @@ private:
 
     bool Line(const AcGePoint2d& base, const AcGeVector2d& along, double from, double to)
     {
-        if (++m_count > kMostDashes)
+        if (++m_count > 2 * kMostDashes)
             return false;
         const AcGePoint3d ends[] = {m_toWorld * AcGePoint3d(base.x + along.x * from, base.y + along.y * from, 0),
                                     m_toWorld * AcGePoint3d(base.x + along.x * to, base.y + along.y * to, 0)};
@@ -217,6 +233,7 @@ Adesk::Boolean AcDbHatch::subWorldDraw(AcGiWorldDraw* worldDraw)
             areAllDrawn = areAllDrawn && lines.Draw(family);
         if (areAllDrawn)
             return Adesk::kTrue;
+        NoteTo(*worldDraw, DrawNote::DenseHatch);
     }
     Fill(*worldDraw, outlines, toWorld);
     return Adesk::kTrue;

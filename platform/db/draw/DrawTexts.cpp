@@ -66,8 +66,10 @@ void DrawLine(AcGiWorldDraw& draw, const AcDbText& text, const ACHAR* shown)
     draw.geometry().text(start, text.normal(), along, shown, -1, Adesk::kFalse, style);
 }
 
-void DrawBlockOfText(AcGiWorldDraw& draw, const MTextBlock& block, const AcGePoint3d& place, const AcGeVector3d& along,
-                     const AcGeVector3d& normal, int attachment, double width)
+}   // namespace
+
+void KxPlat::DrawBlockOfText(AcGiWorldDraw& draw, const MTextBlock& block, const AcGePoint3d& place,
+                             const AcGeVector3d& along, const AcGeVector3d& normal, int attachment, double width)
 {
     const int column = (attachment - 1) % 3, row = (attachment - 1) / 3;
     const AcGeVector3d up = normal.crossProduct(along).normal();
@@ -91,8 +93,6 @@ void DrawBlockOfText(AcGiWorldDraw& draw, const MTextBlock& block, const AcGePoi
         }
     }
 }
-
-}   // namespace
 
 Adesk::Boolean AcDbText::subWorldDraw(AcGiWorldDraw* worldDraw)
 {

@@ -22,6 +22,13 @@ void DrawWidePolyline(AcGiWorldDraw& draw, const std::vector<WideVertex>& vertic
 // Points along a bulged segment from `from` (which is left out) to `to`.
 void AddBulge(std::vector<AcGePoint2d>& points, const AcGePoint2d& from, const AcGePoint2d& to, double bulge);
 
+struct MTextBlock;
+
+// Texts of several lines; `attachment` is 1 for the upper left corner at `place` to 9 for the lower right one. With a
+// width of 0 the widest line counts.
+void DrawBlockOfText(AcGiWorldDraw& draw, const MTextBlock& block, const AcGePoint3d& place, const AcGeVector3d& along,
+                     const AcGeVector3d& normal, int attachment, double width);
+
 // Draws without filling or thickness being left switched for what follows.
 class FillSwitch {
 public:

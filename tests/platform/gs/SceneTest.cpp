@@ -157,7 +157,8 @@ TEST_F(Sheet, HiddenEntitiesAndDamagedOnesStayAway)
     const Image image = Drawn(scene);
     EXPECT_EQ(Inked(image), 100);
     EXPECT_EQ(At(image, 0, 40), kBlack);
-    EXPECT_EQ(scene.leftOut(), 2u);
+    EXPECT_EQ(scene.CountOf(DrawNote::Damaged), 2u);
+    EXPECT_EQ(scene.LeftOutText(), L"2 items with damaged coordinates left out");
 }
 
 }   // namespace
