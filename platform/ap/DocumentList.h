@@ -1,5 +1,6 @@
 // The documents themselves; the document manager and ap/Documents.h work on it.
 #pragma once
+#include "../mfc/Escaped.h"
 #include "Documents.h"
 
 namespace KxPlat {
@@ -22,7 +23,7 @@ public:
     {
         const std::vector<AcApDocManagerReactor*> told = reactors;
         for (AcApDocManagerReactor* reactor : told)
-            work(*reactor);
+            Guarded(L"a reactor of the documents", true, [&] { return work(*reactor), true; });
     }
 
     std::vector<AcApDocManagerReactor*> reactors;

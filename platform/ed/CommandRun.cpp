@@ -2,9 +2,9 @@
 #include "../db/AcDbDatabase.h"
 #include "../db/core/DbCore.h"
 #include "../db/core/Stub.h"
+#include "../mfc/Escaped.h"
 #include "../win/Format.h"
 #include "CommandLine.h"
-#include "Escaped.h"
 #include "select/DocumentSelection.h"
 #include "Session.h"
 #include <algorithm>

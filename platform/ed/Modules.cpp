@@ -1,5 +1,6 @@
 #include "Modules.h"
 #include "../ap/Documents.h"
+#include "../mfc/Escaped.h"
 #include "../win/CharTables.h"
 #include "../win/CodePage.h"
 #include "../win/Files.h"
@@ -8,7 +9,6 @@
 #include "../win/WinError.h"
 #include "acedads.h"
 #include "CommandLine.h"
-#include "Escaped.h"
 #include "Session.h"
 #include "SupportFiles.h"
 #include <algorithm>

@@ -1,11 +1,11 @@
 // A call goes to the module as a message; the module asks for code and arguments and hands its answer back with the
 // functions acedRet...
 #include "ExternalFunctions.h"
+#include "../../mfc/Escaped.h"
 #include "../../rx/acutads.h"
 #include "../../rx/ResBufs.h"
 #include "../../win/Format.h"
 #include "../acedads.h"
-#include "../Escaped.h"
 #include "../Modules.h"
 #include "DocumentLisp.h"
 #include "HostValues.h"

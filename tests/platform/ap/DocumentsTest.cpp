@@ -3,8 +3,10 @@
 #include "db/AcDbHostApplicationServices.h"
 #include "db/core/DbCore.h"
 #include "support/TempFolder.h"
+#include "ui/ScriptedUi.h"
 #include "win/Files.h"
 #include <gtest/gtest.h>
+#include <new>
 
 using namespace KxPlat;
 
@@ -74,6 +76,25 @@ TEST_F(Documents, ReactorsHearTheirStory)
     acDocManager->closeDocument(second);
     EXPECT_EQ(recorder.seen, L"active Drawing1.dwg;created Drawing1.dwg;active Drawing2.dwg;created Drawing2.dwg;"
                              L"2>4CMD;4>2;closing Drawing2.dwg;active Drawing1.dwg;closed Drawing2.dwg;");
+}
+
+TEST_F(Documents, AReactorThatThrowsStopsNobody)
+{
+    struct Thrower : AcApDocManagerReactor {
+        Thrower() { acDocManager->addReactor(this); }
+        ~Thrower() override { acDocManager->removeReactor(this); }
+        void documentCreated(AcApDocument*) override { throw std::bad_alloc(); }
+        void documentToBeDestroyed(AcApDocument*) override { throw 7; }
+    } thrower;
+    ScriptedUi ui;
+    SetUi(&ui);
+    Recorder recorder;   // is told after it
+    AcApDocument* document = New();
+    EXPECT_EQ(ui.complained, L"a reactor of the documents: out of memory\n");
+    EXPECT_EQ(acDocManager->closeDocument(document), Acad::eOk);
+    EXPECT_NE(ui.complained.find(L"a reactor of the documents: an unknown exception"), std::wstring::npos);
+    EXPECT_EQ(recorder.seen, L"active Drawing1.dwg;created Drawing1.dwg;closing Drawing1.dwg;closed Drawing1.dwg;");
+    SetUi(nullptr);
 }
 
 TEST_F(Documents, LocksPileUpAndTheStrongestCounts)

@@ -316,6 +316,27 @@ TEST_F(Editor, WindowMessagesPassFiltersAndWatches)
     EXPECT_EQ(acedRemoveWatchWinMsg(watch), 1);
 }
 
+TEST_F(Editor, HooksThatThrowLetTheMessageThrough)
+{
+    static int seen;
+    seen = 0;
+    const AcedFilterWinMsgFn filter = [](MSG*) -> int { throw std::runtime_error("no luck"); };
+    const AcedWatchWinMsgFn watch = [](const MSG*) { throw 5; };
+    const AcedWatchWinMsgFn last = [](const MSG*) { ++seen; };
+    acedRegisterFilterWinMsg(filter);
+    acedRegisterWatchWinMsg(watch);
+    acedRegisterWatchWinMsg(last);
+    MSG message = {};
+    message.message = WM_KEYDOWN;
+    EXPECT_FALSE(PassMessage(message));
+    EXPECT_EQ(seen, 1);
+    EXPECT_NE(ui.complained.find(L"a filter of messages: no luck"), std::wstring::npos);
+    EXPECT_NE(ui.complained.find(L"a watch on messages: an unknown exception"), std::wstring::npos);
+    acedRemoveFilterWinMsg(filter);
+    acedRemoveWatchWinMsg(watch);
+    acedRemoveWatchWinMsg(last);
+}
+
 // --- the command stack ---
 
 TEST_F(Editor, AGroupHoldsEachNameOnce)

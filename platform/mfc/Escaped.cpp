@@ -1,6 +1,6 @@
 #include "Escaped.h"
-#include "../mfc/CException.h"
 #include "../win/CodePage.h"
+#include "CException.h"
 #include <exception>
 #include <new>
 
