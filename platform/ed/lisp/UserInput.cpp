@@ -148,18 +148,64 @@ Value EntSel(Interpreter&, const Arguments& arguments)
     return Answer(answer, answer == RTNORM ? ListOf(EntityNameValue(entity), PointValue(point)) : Value());
 }
 
-// (nentselp [prompt] [point]): with a point nobody is asked.
-Value NestedAt(Interpreter& lisp, const Arguments& arguments)
+// A picked entity within others: its place in the world, and what it lies in.
+struct Nested {
+    ads_name entity = {0, 0};
+    ads_point point = {0, 0, 0};
+    ads_matrix place = {};
+    resbuf* containers = nullptr;
+    int answer;
+
+    explicit Nested(const Question& question)
+    {
+        ads_point_set(question.base, point);
+        answer = acedNEntSelP(question.prompt, entity, point, question.hasBase, place, &containers);
+    }
+    ~Nested() { acutRelRb(containers); }
+    Nested(const Nested&) = delete;
+
+    bool IsInside() const { return containers != nullptr; }
+    Value Containers() const
+    {
+        ListBuilder list;
+        for (const resbuf* at = containers; at != nullptr; at = at->rbnext)
+            list.Add(EntityNameValue(at->resval.rlname));
+        return list.Take();
+    }
+};
+
+Value NestedAnswer(const Nested& nested, const Value& matrix)
 {
-    const Question question(arguments);
-    if (!question.hasBase)
-        return EntSel(lisp, arguments);
-    ads_name found, entity;
-    if (acedSSGet(nullptr, question.base, nullptr, nullptr, found) != RTNORM)
+    if (nested.answer == RTERROR)
         return Value();
-    const Value set = PickSetValue(found, true);
-    return acedSSName(found, 0, entity) == RTNORM ? ListOf(EntityNameValue(entity), PointValue(question.base))
-                                                  : Value();
+    if (nested.answer != RTNORM)
+        return Answer(nested.answer, Value());
+    return nested.IsInside()
+               ? ListOf(EntityNameValue(nested.entity), PointValue(nested.point), matrix, nested.Containers())
+               : ListOf(EntityNameValue(nested.entity), PointValue(nested.point));
+}
+
+// (nentsel [prompt]): the matrix is three axes and the origin.
+Value NestedEntSel(Interpreter&, const Arguments& arguments)
+{
+    Question question(arguments);
+    question.hasBase = false;
+    const Nested nested(question);
+    ListBuilder matrix;
+    for (int column = 0; column < 4; ++column)
+        matrix.Add(
+            ListOf(double(nested.place[0][column]), double(nested.place[1][column]), double(nested.place[2][column])));
+    return NestedAnswer(nested, matrix.Take());
+}
+
+// (nentselp [prompt] [point]): with a point nobody is asked. The matrix has four rows of four numbers.
+Value NestedEntSelPoint(Interpreter&, const Arguments& arguments)
+{
+    const Nested nested{Question(arguments)};
+    ListBuilder matrix;
+    for (const auto& row : nested.place)
+        matrix.Add(ListOf(double(row[0]), double(row[1]), double(row[2]), double(row[3])));
+    return NestedAnswer(nested, matrix.Take());
 }
 
 // (grread [track [bits [cursor]]]): (2 code) for a key, (3 point) for a picked point. Of a line that is typed the first
@@ -203,8 +249,8 @@ const Builtin kRows[] = {
     {L"GETSTRING", GetText, 0, 2},
     {L"GETKWORD", GetKeyword, 0, 1},
     {L"ENTSEL", EntSel, 0, 1},
-    {L"NENTSEL", EntSel, 0, 1},   // entities are picked whole
-    {L"NENTSELP", NestedAt, 0, 2},
+    {L"NENTSEL", NestedEntSel, 0, 1},
+    {L"NENTSELP", NestedEntSelPoint, 0, 2},
     {L"GRREAD", ReadInput, 0, 3},
     {L"GETFILED", GetFileName, 4, 4},
 };

@@ -4,6 +4,7 @@
 #include "../../db/AcDbCurve.h"
 #include "../../db/core/Stub.h"
 #include <cmath>
+#include <memory>
 
 namespace KxPlat {
 
@@ -74,6 +75,12 @@ bool AddBlock(const AcDbBlockReference& reference, const AcGeMatrix3d& place, in
         if (const AcDbEntity* entity = AcDbEntity::cast(member->object))
             AddEntity(*entity, inner, nesting + 1, segments);
     }
+    const std::unique_ptr<AcDbObjectIterator> attributes(reference.attributeIterator());
+    for (; !attributes->done(); attributes->step()) {
+        const AcDbStub* attribute = attributes->objectId();
+        if (!attribute->erased && AcDbEntity::cast(attribute->object) != nullptr)
+            AddEntity(*AcDbEntity::cast(attribute->object), place, nesting + 1, segments);
+    }
     return segments.size() > before;
 }
 
@@ -95,10 +102,10 @@ void AddEntity(const AcDbEntity& entity, const AcGeMatrix3d& place, int nesting,
 
 }   // namespace
 
-std::vector<Segment> SegmentsOf(const AcDbEntity& entity)
+std::vector<Segment> SegmentsOf(const AcDbEntity& entity, const AcGeMatrix3d& place)
 {
     std::vector<Segment> segments;
-    AddEntity(entity, AcGeMatrix3d(), 0, segments);
+    AddEntity(entity, place, 0, segments);
     return segments;
 }
 

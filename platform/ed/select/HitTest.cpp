@@ -1,6 +1,7 @@
 #include "HitTest.h"
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace KxPlat {
 
@@ -108,16 +109,10 @@ bool HitShape::Hits(const AcDbEntity& entity, HitMode mode) const
     });
 }
 
-double DistanceTo(const AcDbEntity& entity, const AcGePoint2d& point, double most)
+double DistanceTo(const std::vector<Segment>& segments, const AcGePoint2d& point)
 {
-    AcDbExtents box;
-    if (entity.getGeomExtents(box) == Acad::eOk) {
-        const AcGePoint3d low = box.minPoint(), high = box.maxPoint();
-        if (point.x < low.x - most || point.x > high.x + most || point.y < low.y - most || point.y > high.y + most)
-            return most * 2 + 1;
-    }
-    double nearest = most * 2 + 1;
-    for (const Segment& segment : SegmentsOf(entity)) {
+    double nearest = std::numeric_limits<double>::infinity();
+    for (const Segment& segment : segments) {
         const double dx = segment.to.x - segment.from.x, dy = segment.to.y - segment.from.y;
         const double length = dx * dx + dy * dy;
         double along = length == 0 ? 0 : ((point.x - segment.from.x) * dx + (point.y - segment.from.y) * dy) / length;
@@ -126,6 +121,18 @@ double DistanceTo(const AcDbEntity& entity, const AcGePoint2d& point, double mos
             std::min(nearest, std::hypot(point.x - segment.from.x - along * dx, point.y - segment.from.y - along * dy));
     }
     return nearest;
+}
+
+double DistanceTo(const AcDbEntity& entity, const AcGePoint2d& point, double most)
+{
+    const double tooFar = most * 2 + 1;
+    AcDbExtents box;
+    if (entity.getGeomExtents(box) == Acad::eOk) {
+        const AcGePoint3d low = box.minPoint(), high = box.maxPoint();
+        if (point.x < low.x - most || point.x > high.x + most || point.y < low.y - most || point.y > high.y + most)
+            return tooFar;
+    }
+    return std::min(tooFar, DistanceTo(SegmentsOf(entity), point));
 }
 
 }   // namespace KxPlat

@@ -29,6 +29,7 @@ private:
 };
 
 // Of the entity nearest to a point: how far its nearest line is; larger than `most` when it is farther.
+double DistanceTo(const std::vector<Segment>& segments, const AcGePoint2d& point);   // infinite without any
 double DistanceTo(const AcDbEntity& entity, const AcGePoint2d& point, double most);
 
 }   // namespace KxPlat

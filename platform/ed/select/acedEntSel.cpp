@@ -1,11 +1,13 @@
-// acedEntSel: one object, with the point at which it was picked.
+// One object, with the point at which it was picked.
 #include "../../db/core/Stub.h"
+#include "../../rx/ResBufs.h"
 #include "../../win/CharTables.h"
 #include "../acedads.h"
 #include "../Prompt.h"
 #include "ChooseObjects.h"
 #include "DocumentSelection.h"
 #include "Errno.h"
+#include "NestedEntity.h"
 
 using namespace KxPlat;
 
@@ -41,14 +43,9 @@ int Failed(Errno why)
     return RTERROR;
 }
 
-}   // namespace
-
-int acedEntSel(const ACHAR* text, ads_name entity, ads_point picked)
+// RTNORM with an object, or what the caller answers.
+int AskForOne(const ACHAR* text, AcDbDatabase& database, AcDbObjectId& id, ads_point picked)
 {
-    AcDbDatabase* database = CurrentDatabase();
-    if (database == nullptr || entity == nullptr || picked == nullptr)
-        return RTERROR;
-    ads_name_clear(entity);
     picked[X] = picked[Y] = picked[Z] = 0;
     Prompt prompt(InputKind::Entity, text != nullptr ? text : L"\nSelect object: ");
     InputPiece piece;
@@ -57,8 +54,50 @@ int acedEntSel(const ACHAR* text, ads_name entity, ads_point picked)
         return Failed(Errno::NullResponse);
     if (answer != RTNORM)
         return answer;
-    const AcDbObjectId id = ObjectIn(piece, *database, picked);
-    if (id.isNull() || !id.isResident() || id.isErased())
-        return Failed(Errno::NothingFound);
+    id = ObjectIn(piece, database, picked);
+    return id.isNull() || !id.isResident() || id.isErased() ? Failed(Errno::NothingFound) : RTNORM;
+}
+
+}   // namespace
+
+int acedEntSel(const ACHAR* text, ads_name entity, ads_point picked)
+{
+    AcDbDatabase* database = CurrentDatabase();
+    if (database == nullptr || entity == nullptr || picked == nullptr)
+        return RTERROR;
+    ads_name_clear(entity);
+    AcDbObjectId id;
+    const int answer = AskForOne(text, *database, id, picked);
+    if (answer != RTNORM)
+        return answer;
     return acdbGetAdsName(entity, id) == Acad::eOk ? RTNORM : RTERROR;
+}
+
+int acedNEntSelP(const ACHAR* text, ads_name entity, ads_point picked, int pickFlag, ads_matrix xform,
+                 resbuf** containers)
+{
+    AcDbDatabase* database = CurrentDatabase();
+    if (database == nullptr || entity == nullptr || picked == nullptr || xform == nullptr || containers == nullptr)
+        return RTERROR;
+    ads_name_clear(entity);
+    *containers = nullptr;
+    AcDbObjectId id;
+    int answer = RTNORM;
+    if (pickFlag == 0)
+        answer = AskForOne(text, *database, id, picked);
+    else if (id = ObjectAt(*database, AcGePoint2d(picked[X], picked[Y])); id.isNull())
+        answer = Failed(Errno::NothingFound);
+    if (answer != RTNORM)
+        return answer;
+    const NestedEntity found = NestedAt(id, AcGePoint2d(picked[X], picked[Y]));
+    for (unsigned row = 0; row < 4; ++row)
+        for (unsigned column = 0; column < 4; ++column)
+            xform[row][column] = found.place(row, column);
+    ChainBuilder chain;
+    ads_name name;
+    for (const AcDbObjectId container : found.containers)
+        if (acdbGetAdsName(name, container) == Acad::eOk)
+            chain.Add(NewNameRb(RTENAME, name));
+    *containers = chain.Take();
+    return acdbGetAdsName(entity, found.id) == Acad::eOk ? RTNORM : RTERROR;
 }

@@ -21,3 +21,8 @@ int acedSSNameX(resbuf** result, const ads_name set, Adesk::Int32 index);
 // The objects selected while no command runs. Both results may be null pointers; the chains hold one RTPICKS each.
 int acedSSGetFirst(resbuf** gripSet, resbuf** pickFirstSet);
 int acedSSSetFirst(const ads_name gripSet, const ads_name pickFirstSet);
+// One entity inside insertions and dimensions, at `picked` where `pickFlag` is nonzero, else where the user picks.
+// `xform` takes points of its definition to the world; `containers` names what it lies in, innermost first, and is null
+// for an entity that lies in nothing; the caller frees it.
+int acedNEntSelP(const ACHAR* prompt, ads_name entity, ads_point picked, int pickFlag, ads_matrix xform,
+                 resbuf** containers);

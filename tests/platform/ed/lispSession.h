@@ -7,6 +7,7 @@
 #include "ed/Session.h"
 #include "lispTestUi.h"
 #include "rx/acutads.h"
+#include <gtest/gtest.h>
 
 struct LispSession {
     PrintingUi ui;
@@ -38,3 +39,14 @@ struct LispSession {
         return ui.printed;
     }
 };
+
+// Each form answers what its row says and leaves no object open.
+template <size_t N>
+void Check(LispSession& lisp, const LispRow (&rows)[N])
+{
+    for (const LispRow& row : rows) {
+        SCOPED_TRACE(testing::PrintToString(std::wstring(row.form)));
+        EXPECT_EQ(lisp(row.form), row.answer);
+        EXPECT_EQ(KxPlat::OpenObjectCount(), 0);
+    }
+}
