@@ -136,13 +136,27 @@ TEST(Selection, TheConversationTakesEveryWay)
         {L"!kept\n\n", L"B", L"\n1 found"},
         {L"si\n5,0\n", L"A", L"\n1 found"},
         {L"nonsense\n5,0\n\n", L"A", L"\n*Invalid selection*"},
-        {L"?\n5,0\n\n", L"A", L"Window/Last/Crossing/BOX/ALL/Fence/WPolygon/CPolygon/Group/Add/"},
+        {L"?\n5,0\n\n", L"A",
+         L"\n*Invalid selection*\nExpects a point or Window/Last/Crossing/BOX/ALL/Fence/WPolygon/CPolygon/Group/Add/"
+         L"Remove/Multiple/Previous/Undo/AUto/SIngle"},
+        {L"box\n-1,-1\n12,1\n\n", L"A", L""},   // from left to right: a window
+        {L"box\n-1,-6\n16,1\n\n", L"A", L""},   // which the circle leaves
+        {L"box\n16,1\n-1,-6\n\n", L"AB", L""},
+        {L"g\npair\n\n", L"AC", L"\n2 found"},
+        {L"g\nnone\n5,0\n\n", L"A", L"\n0 found"},
+        {L"m\n5,0\n15,0\n\n", L"AB", L""},
+        {L"au\n12,12\n-1,-1\n\n", L"A", L""},
+        {L"si\nau\n12,12\n-1,-1\n", L"A", L""},
+        {L"all\nr\n5,0\nu\n\n", L"BCEA", L""},   // what was taken away last comes back
+        {L"all\nremove\nw\n-1,-6\n26,6\nadd\nlast\n\n", L"CED", L"\n2 found, 2 removed, 2 total"},
+        {L"u\n5,0\n\n", L"A", L"\nCommand has been completely undone."},
         {L"_all\n\n", L"ABCE", L""},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(testing::PrintToString(std::wstring(row.typed)));
         Plan plan;
-        plan(L"(setq kept (ssadd (car (nth 1 names))))");
+        plan(L"(setq kept (ssadd (car (nth 1 names))))"
+             L"(vl-cmdf \"_.-GROUP\" \"_C\" \"PAIR\" \"\" (car (nth 0 names)) (car (nth 2 names)) \"\")");
         const std::wstring printed = plan.Typed(L"(progn (setq s (ssget)) (princ))\n" + std::wstring(row.typed));
         EXPECT_EQ(plan.Show(L"s"), row.names);
         EXPECT_NE(printed.find(row.said), std::wstring::npos) << testing::PrintToString(printed);
