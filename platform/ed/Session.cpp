@@ -42,6 +42,7 @@ Session::Session(const SessionOptions& options) : m_options(options), m_line(*th
     Register<AcRxObject>(ACRX_COMMAND_STACK, NewCommandStack());
     Register<AcRxObject>(ACRX_DYNAMIC_LINKER, NewDynamicLinker());
     AddHostCommands(*acedRegCmds);
+    SetHostVar(L"ACADVER", VarOf(options.release));
     if (const std::wstring level = Setting(L"SECURELOAD"); level == L"0" || level == L"2")
         m_state.secureLoad = level[0] - L'0';
     SetDocumentListener({[this](AcApDocument& document) {

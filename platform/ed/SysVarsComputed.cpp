@@ -130,13 +130,6 @@ bool GetWriteState(AcApDocument& document, VarValue& value)
     return true;
 }
 
-bool GetRelease(AcApDocument&, VarValue& value)
-{
-    const Session* session = Session::Current();
-    value = VarOf(session != nullptr ? session->options().release : L"18.1");
-    return true;
-}
-
 // Bits: 1 a command runs, 2 a transparent one as well.
 bool GetActive(AcApDocument&, VarValue& value)
 {
@@ -261,7 +254,6 @@ bool SetTrustedPaths(AcApDocument&, const VarValue& value)
 
 const VarRow kRows[] = {
     {L"ACADPREFIX", Text, Computed, L"", 0, 0, true, 0, GetSupportPath},
-    {L"ACADVER", Text, Computed, L"", 0, 0, true, 0, GetRelease},
     {L"CDATE", Real, Computed, L"0", 0, 0, true, 0, GetCalendarDate},
     {L"CECOLOR", Text, Computed, L"", 0, 0, false, 0, GetColor, SetColor},
     {L"CELTYPE", Text, Computed, L"", 0, 0, false, 0, GetRecord<&AcDbDatabase::celtype>,

@@ -11,6 +11,7 @@ using enum VarHome;
 
 const VarRow kRows[] = {
     // Of the session.
+    {L"ACADVER", Text, Process, L"18.1", 0, 0, true},
     {L"AREA", Real, Process, L"0", 0, 0, true},
     {L"DISTANCE", Real, Process, L"0", 0, 0, true},
     {L"PERIMETER", Real, Process, L"0", 0, 0, true},

@@ -6,6 +6,7 @@
 #include "ui/ScriptedUi.h"
 #include "win/CodePage.h"
 #include "win/Files.h"
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -20,6 +21,7 @@ protected:
     Programs() : folder(testing::TempDir() + "kx-programs")
     {
         std::filesystem::create_directories(folder);
+        ::setenv("KX_REGISTRY", (folder + "/registry.reg").c_str(), 1);   // what is set there stays in the test
         KxPlat::SetUi(&ui);
         KxPlat::SessionOptions options;
         options.release = L"18.2";
@@ -35,6 +37,7 @@ protected:
     {
         session.reset();
         KxPlat::SetUi(nullptr);
+        ::unsetenv("KX_REGISTRY");
         std::filesystem::remove_all(folder);
     }
 
@@ -128,6 +131,20 @@ TEST_F(Programs, AssembliesLeaveFileDialogsOff)
     resbuf value = {};
     ASSERT_EQ(acedGetVar(L"FILEDIA", &value), RTNORM);
     EXPECT_EQ(value.resval.rint, 0);
+}
+
+TEST_F(Programs, ASectionOfTheReleaseCountsForUnloadingToo)
+{
+    const std::string ini = "[LOAD_ACAD]\nNum=1\n1=plain.arx\n[LOAD_ACAD_182_X64]\nNum=1\n1=special.arx\n";
+    Write("KxArxBase.INI", ini);
+    std::filesystem::copy_file(KX_BIN "/KxArxBase.arx", folder + "/KxArxBase.arx");
+    ASSERT_EQ(acedArxUnload(L"KxArxBase.arx"), RTNORM);
+    ASSERT_EQ(acedArxLoad(Drive("KxArxBase.arx").c_str()), RTNORM);
+    EXPECT_TRUE(Says(ui.TakePrinted(), L"\n... ARX/DBX加载失败 " + Drive("special.arx") + L" ...\n"));
+    session.reset();   // when no document is open any more
+    const std::wstring said = ui.TakePrinted();
+    EXPECT_TRUE(Says(said, L"\n... 卸载失败 " + Drive("special.arx") + L" ...")) << KxPlat::ToUtf8(said);
+    EXPECT_FALSE(Says(said, L"plain.arx"));
 }
 
 TEST_F(Programs, AMissingFileIsPassedOverInSilence)
