@@ -1,5 +1,6 @@
 #include "mfc/CDC.h"
 #include "mfc/CDialog.h"
+#include "mfc/CFileDialog.h"
 #include "mfc/CMenu.h"
 #include "mfc/CStatic.h"
 #include "mfc/CWnd.h"
@@ -631,4 +632,41 @@ TEST(DialogWindows, ModelessOnesStayUntilTheyAreDestroyed)
     ASSERT_TRUE(dialog.Create(IDD_TEST, &owner)) << "and again";
     owner.DestroyWindow();
     EXPECT_EQ(dialog.m_hWnd, nullptr) << "destroyed with its owner";
+}
+
+// --- names of files ---------------------------------------------------------------------------------------------
+
+TEST(FileDialogs, AskTheHostAndTakeNamesApart)
+{
+    struct FileUi : KxPlat::ScriptedUi {
+        KxPlat::FileRequest asked;
+        std::wstring answer;
+        bool AskFileName(const KxPlat::FileRequest& request, std::wstring& path) override
+        {
+            asked = request;
+            path = answer;
+            return !answer.empty();
+        }
+    } ui;
+    KxPlat::SetUi(&ui);
+    CFileDialog cancelled(TRUE);
+    EXPECT_EQ(cancelled.DoModal(), IDCANCEL);
+    EXPECT_FALSE(ui.asked.forSave);
+    CFileDialog dialog(FALSE, L"dwg", L"平面", 0, L"图形|*.dwg;*.dxf|模板|*.dwt|所有文件|*.*||");
+    dialog.m_ofn.lpstrTitle = L"保存图纸";
+    dialog.m_ofn.lpstrInitialDir = L"C:\\图";
+    ui.answer = L"C:\\图.纸\\一层";
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(ui.asked.title, L"保存图纸");
+    EXPECT_EQ(ui.asked.initial, L"C:\\图\\平面");
+    EXPECT_EQ(ui.asked.extensions, L"dwg;dxf;dwt");
+    EXPECT_TRUE(ui.asked.forSave);
+    EXPECT_STREQ(dialog.GetPathName(), L"C:\\图.纸\\一层.dwg");
+    EXPECT_STREQ(dialog.GetFileName(), L"一层.dwg");
+    EXPECT_STREQ(dialog.GetFileTitle(), L"一层");
+    ui.answer = L"D:/a.b.dxf";
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_STREQ(dialog.GetFileExt(), L"dxf");
+    EXPECT_STREQ(dialog.GetFileTitle(), L"a.b");
+    KxPlat::SetUi(nullptr);
 }
