@@ -68,8 +68,8 @@ public:
     AcDbDatabase& database() const { return m_database; }
     // How often something was left out or simplified, in all lists made so far.
     uint64_t CountOf(DrawNote note) const;
-    // Of drawing, rather than of making a list.
-    void Note(DrawNote note) { ++m_notes[size_t(note)]; }
+    // Of drawing, rather than of making a list: said once, however often it is drawn.
+    void Note(DrawNote note) { m_notes[size_t(note)] = 1; }
     // The same as a line for users; empty when nothing was.
     std::wstring LeftOutText() const;
     // Counts up whenever layers and linetypes are read.

@@ -10,9 +10,6 @@ namespace KxPlat {
 
 namespace {
 
-// Entities within blocks that one drawing shows; blocks that hold each other many times could make it endless.
-constexpr size_t kMostNested = 20000000;
-
 // What a block reference hands on to its contents.
 struct Inherited {
     uint32_t rgb = 0xFFFFFF;
@@ -89,11 +86,8 @@ private:
         std::vector<Settled>& settled = m_settled[m_inside.size() - 1];
         Reset(settled, list);
         for (size_t at = 0; at < list.entities.size(); ++at) {
-            if (++m_nested > kMostNested) {
-                if (m_nested == kMostNested + 1)
-                    m_scene.Note(DrawNote::DeepBlocks);
+            if (IsTooMuch())
                 break;
-            }
             const EntitySpan& span = list.entities[at];
             const Reach reach = ReachOf(span, projection);
             if (reach != Reach::Outside || m_options.cutsNothing)
@@ -104,6 +98,14 @@ private:
         m_inside.pop_back();
     }
 
+    // Told once.
+    bool IsTooMuch()
+    {
+        if (++m_nested == m_options.mostNested + 1)
+            m_scene.Note(DrawNote::DeepBlocks);
+        return m_nested > m_options.mostNested;
+    }
+
     // The colour of the first thing within a block that is seen; false when there is none.
     bool ColorWithin(AcDbObjectId block, const Inherited& inherited, uint32_t& rgb)
     {
@@ -112,7 +114,7 @@ private:
         m_inside.push_back(block);
         const DisplayList& list = m_scene.ListOf(block);
         bool isFound = false;
-        for (size_t at = 0; at < list.items.size() && !isFound && ++m_nested <= kMostNested; ++at) {
+        for (size_t at = 0; at < list.items.size() && !isFound && !IsTooMuch(); ++at) {
             const Item& item = list.items[at];
             Settled look;
             Settle(list.looks[item.look], inherited, look);

@@ -20,6 +20,8 @@ struct DrawOptions {
     bool cutsNothing = false;        // also what lies off the device is handed to the painter
     bool usesIndex = false;          // worth its making when a block is drawn again and again
     double pixelsPerMm = 0;          // of lineweights; 0 draws every line thin
+    // Entities within blocks that are looked at; blocks that hold each other many times could make it endless.
+    size_t mostNested = 10000000;
     // Layers that may be drawn at all; empty for all.
     std::function<bool(const AcDbStub* layer)> layerFilter;
     // Has the last word on how things are drawn.
