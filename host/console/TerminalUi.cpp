@@ -3,6 +3,7 @@
 #include "ed/SessionAsk.h"
 #include "ui/TerminalDialog.h"
 #include "ui/TextMessage.h"
+#include "ui/WindowQueue.h"
 #include "win/CharTables.h"
 #include "win/CodePage.h"
 #include <cstdio>
@@ -67,6 +68,8 @@ void TerminalUi::Complain(std::wstring_view text)
 
 InputEvent TerminalUi::Ask(const InputRequest& request)
 {
+    // Windows of modules are in memory only; their messages and timers have their turn between two lines.
+    PumpWindows();
     // What stands before the last line end of a prompt is output; the rest is what the line editor shows.
     const size_t lineEnd = request.prompt.rfind(L'\n');
     const std::wstring shown = lineEnd == std::wstring::npos ? request.prompt : request.prompt.substr(lineEnd + 1);

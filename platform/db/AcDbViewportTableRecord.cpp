@@ -1,4 +1,5 @@
 #include "AcDbViewportTableRecord.h"
+#include "../ge/EntityAxes.h"
 #include "core/Fields.h"
 
 using namespace KxPlat;
@@ -19,6 +20,7 @@ const ClassSchema& AcDbViewportTableRecord::fieldSchema()
                                         Point3(17, &AcDbViewportTableRecord::m_target).always(),
                                         Real(40, &AcDbViewportTableRecord::m_height).always(),
                                         Real(41, &AcDbViewportTableRecord::m_aspect).always(),
+                                        Real(51, &AcDbViewportTableRecord::m_twist),
                                     });
     return schema;
 }
@@ -45,6 +47,17 @@ void AcDbViewportTableRecord::setAspectRatio(double ratio)
 {
     if (assertWriteEnabled() == Acad::eOk)
         m_aspect = ratio;
+}
+
+double AcDbViewportTableRecord::viewTwist() const
+{
+    return Radians(m_twist);
+}
+
+void AcDbViewportTableRecord::setViewTwist(double angle)
+{
+    if (assertWriteEnabled() == Acad::eOk)
+        m_twist = Degrees(angle);
 }
 
 void AcDbViewportTableRecord::setTarget(const AcGePoint3d& target)

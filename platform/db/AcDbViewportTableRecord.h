@@ -15,6 +15,9 @@ public:
     void setHeight(double height);
     double aspectRatio() const { return m_aspect; }
     void setAspectRatio(double ratio);
+    double width() const { return m_height * m_aspect; }
+    double viewTwist() const;   // radians
+    void setViewTwist(double angle);
     AcGePoint3d target() const { return m_target; }
     void setTarget(const AcGePoint3d& target);
     AcGeVector3d viewDirection() const { return m_direction; }
@@ -28,6 +31,7 @@ private:
     AcGeVector3d m_direction{0, 0, 1};
     double m_height = 1;
     double m_aspect = 1;
+    double m_twist = 0;   // degrees
 };
 
 class AcDbViewportTableIterator : public KxPlat::TypedIterator<AcDbViewportTableRecord> {

@@ -2,6 +2,7 @@
 #include "HelloDialog.h"
 #include "HelloModule.h"
 #include "HelloRooms.h"
+#include "HelloView.h"
 
 namespace Hello {
 
@@ -55,6 +56,15 @@ void HelloModule::CmdHelloList()
         sum += room.area;
     }
     KxArxBase::MsgCmdInfo(L"\n%d 个房间, 面积 %.2f\n", rooms.length(), sum);
+}
+
+// The drawing in a dialog, as it is now.
+void HelloModule::CmdHelloView()
+{
+    HINSTANCE host = AfxGetResourceHandle();
+    AfxSetResourceHandle(Resources());
+    ViewDialog(acdbHostApplicationServices()->workingDatabase()).DoModal();
+    AfxSetResourceHandle(host);
 }
 
 int HelloModule::FunHelloRooms(resbuf*)

@@ -33,6 +33,7 @@ int HelloModule::InitModule()
         {L"HelloRoom", L"FJHZ", ACRX_CMD_MODAL, &HelloModule::CmdHelloRoom},
         {L"HelloTag", L"FJBZ", ACRX_CMD_MODAL, &HelloModule::CmdHelloTag},
         {L"HelloList", L"FJLB", ACRX_CMD_MODAL, &HelloModule::CmdHelloList},
+        {L"HelloView", L"FJCK", ACRX_CMD_MODAL, &HelloModule::CmdHelloView},
     };
     RegCmd(commands, int(std::size(commands)), nullptr);
     KxArxBase::MsgCmdInfo(L"\nHello: %d commands.\n", int(std::size(commands)));

@@ -15,6 +15,7 @@ public:
     static void CmdHelloRoom();
     static void CmdHelloTag();
     static void CmdHelloList();
+    static void CmdHelloView();
     // (hello-rooms): the number of rooms of the drawing.
     static int FunHelloRooms(resbuf* arguments);
 };

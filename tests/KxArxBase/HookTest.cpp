@@ -2,6 +2,7 @@
 #include "KxArxBase/GiHooks.h"
 #include "KxArxBase/KxMessages.h"
 #include "TestUi.h"
+#include "ui/WindowQueue.h"
 #include <gtest/gtest.h>
 
 using KxArxBase::Gi::HookMessage;
@@ -62,4 +63,46 @@ TEST_F(Hooks, AnUnknownKindIsStoredAllTheSame)
     EXPECT_EQ(ui.Taken(), L"\n*** Add HookData Message: 555 WParam: 1 LParam: 2 !");
     EXPECT_EQ(int(HookMessage(&odd, 0)), 40005);
     EXPECT_EQ(ui.Taken(), L"");   // replaced
+}
+
+TEST_F(Hooks, SeeWhatComesToTheWindowsOfTheProgram)
+{
+    struct Heard : CWnd {
+        std::wstring text;
+        LRESULT OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, BOOL& isHandled) override
+        {
+            if (message == WM_KEYDOWN || message == WM_APP)
+                text += message == WM_APP ? L"a" : L"k" + std::to_wstring(wParam);
+            return CWnd::OnWndMsg(message, wParam, lParam, isHandled);
+        }
+    } window;
+    window.CreateEx(0, nullptr, L"", WS_POPUP | WS_VISIBLE, CRect(0, 0, 9, 9), nullptr, 0);
+    // Once removed, the module's own filter is not registered a second time, so the host's is asked here.
+    static int filtered;
+    filtered = 0;
+    const AcedFilterWinMsgFn filter = [](MSG* message) {
+        ++filtered;
+        return message->message == WM_KEYDOWN && message->wParam == VK_F1 ? 1 : 0;
+    };
+    std::wstring seen;
+    KxHookData watched = Record(KxHookData::kWatch, WM_APP);
+    watched.userData = &seen;
+    watched.callback = [](void* userData, MSG*) {
+        static_cast<std::wstring*>(userData)->append(L"w");
+        return 1;
+    };
+    ASSERT_NE(acedRegisterFilterWinMsg(filter), 0);
+    HookMessage(&watched, 0);
+    window.PostMessage(WM_KEYDOWN, VK_F1);
+    window.PostMessage(WM_KEYDOWN, VK_F12);
+    window.PostMessage(WM_APP);
+    window.PostMessage(WM_APP + 1);
+    KxPlat::PumpWindows();
+    EXPECT_EQ(filtered, 4);
+    EXPECT_EQ(seen, L"w");
+    EXPECT_EQ(window.text, L"k123a") << "the filter swallowed the other key, a watch swallows nothing";
+    acedRemoveFilterWinMsg(filter);
+    window.PostMessage(WM_KEYDOWN, VK_F1);
+    KxPlat::PumpWindows();
+    EXPECT_EQ(window.text, L"k123ak112");
 }

@@ -45,9 +45,9 @@ def run(host, *arguments, typed=""):
 def check_commands(host, module, folder):
     drawing = folder / "rooms.dxf"
     # A room by its global name, one by its local name; the second is picked on its edge and gets a name and a number.
-    script = "HelloRoom\n0,0\n4,3\nFJHZ\n10,0\n20,5\nHelloTag\n10,2\nA\n客厅\nB\n7\n\nHelloList\n(princ (hello-rooms))\n"
+    script = "HelloRoom\n0,0\n4,3\nFJHZ\n10,0\n20,5\nHelloTag\n10,2\nA\n客厅\nB\n7\n\nHelloView\n\nHelloList\n(princ (hello-rooms))\n"
     out = run(host, "--module", module, "--output", drawing, "--script", "-", typed=script)
-    for text in ("Hello: 3 commands.", "0 未命名: 12.00", "7 客厅: 50.00", "2 个房间, 面积 62.00"):
+    for text in ("Hello: 4 commands.", "0 未命名: 12.00", "7 客厅: 50.00", "2 个房间, 面积 62.00"):
         assert text in out, f"{text!r} is not in\n{out}"
     return drawing
 
