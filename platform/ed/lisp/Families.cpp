@@ -5,8 +5,9 @@ namespace KxPlat::Lisp {
 const std::vector<BuiltinTable>& Families()
 {
     static const std::vector<BuiltinTable> all = {
-        kSpecialForms, kArithmetic, kComparison, kLists,    kVlLists,  kApplication, kTypes,     kStrings, kVlStrings,
-        kNumberTexts,  kPrinting,   kFiles,      kGeometry, kEntities, kSelections,  kUserInput, kHost,    kObjects,
+        kSpecialForms, kArithmetic, kComparison,  kLists,    kVlLists, kApplication, kTypes,
+        kStrings,      kVlStrings,  kNumberTexts, kPrinting, kFiles,   kGeometry,    kEntities,
+        kSelections,   kUserInput,  kHost,        kObjects,  kMethods, kCurves,      kMeasures,
     };
     return all;
 }

@@ -8,7 +8,8 @@ namespace KxPlat::Lisp {
 const std::vector<BuiltinTable>& Families();
 
 extern const BuiltinTable kSpecialForms, kArithmetic, kComparison, kLists, kVlLists, kApplication, kTypes, kStrings,
-    kVlStrings, kNumberTexts, kPrinting, kFiles, kGeometry, kEntities, kSelections, kUserInput, kHost, kObjects;
+    kVlStrings, kNumberTexts, kPrinting, kFiles, kGeometry, kEntities, kSelections, kUserInput, kHost, kObjects,
+    kMethods, kCurves, kMeasures;
 
 // A function that is no LISP code and no row of a table.
 struct CallableCell : HostCell {
