@@ -8,6 +8,7 @@
 #include "../db/core/OldViews.h"
 #include "../db/core/RecordNames.h"
 #include "../rx/AcRxClass.h"
+#include "../ui/Progress.h"
 #include "BlockAssembly.h"
 #include "Checksums.h"
 #include "ObjectHead.h"
@@ -314,8 +315,11 @@ ObjectsRead ObjectsReader::Run()
     for (TableKind kind : order)
         Need(file.roots.tables[size_t(kind)]);
     const uint64_t last = file.places->empty() ? 0 : file.places->back().handle;
-    for (size_t place = 0; place < file.places->size(); ++place)
+    Progress progress(L"Reading", file.places->size());
+    for (size_t place = 0; place < file.places->size(); ++place) {
         ReadOnce(place);
+        progress.At(place);
+    }
     for (AcDbStub* stub : core.tables)
         if (stub->handle == 0)
             core.handles.SetHandle(stub, std::max(core.handles.NextHandle(), last + 1));

@@ -7,6 +7,7 @@
 #include "../db/AcDbSequenceEnd.h"
 #include "../db/AcDbTable.h"
 #include "../rx/AcRxClass.h"
+#include "../ui/Progress.h"
 #include "../win/CodePage.h"
 #include "Checksums.h"
 #include "HeadWriter.h"
@@ -63,6 +64,8 @@ private:
     void OldViewportTable();
 
     DbCore& m_core;
+    uint64_t m_count = 0;
+    Progress m_progress{L"Writing", m_core.handles.Size()};
     DwgOutput m_output;
     ObjectEncoder m_encoder;
     ObjectClasses m_classes;
@@ -279,6 +282,7 @@ void ObjectsWriter::WriteBits(const KeptBits& bits)
 
 void ObjectsWriter::Write(const AcDbStub* stub, const Neighbours& neighbours)
 {
+    m_progress.At(++m_count);
     const AcDbObject& object = *stub->object;
     const KeptBits* bits = BitsOf(object);
     const Form& form = FormOf(object);

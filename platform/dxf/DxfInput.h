@@ -6,6 +6,7 @@
 #include "../db/AcDbProxyObject.h"
 #include "../db/core/ObjectReader.h"
 #include "../rx/AcRxClass.h"
+#include "../ui/Progress.h"
 #include "../win/MappedFile.h"
 #include "DxfClasses.h"
 #include "DxfSource.h"
@@ -114,6 +115,7 @@ private:
             return;
         m_givenBack = tags.Offset();
         m_file.Drop(m_givenBack);
+        m_progress.At(m_givenBack);
     }
     static AcDbStub* Settle(AcDbStub* stub, AcDbObject* object, AcDbStub* owner);
     RecordSigns Signs() const;
@@ -122,6 +124,7 @@ private:
     ObjectReader<DxfSource<Tags>> m_reader;
     MappedFile& m_file;
     size_t m_givenBack = 0;
+    Progress m_progress{L"Reading", m_file.View().size()};
     DxfPlace m_place;                      // of the record read last
     std::vector<AcDbStub*> m_renumbered;   // what came with a handle that was taken,
     std::vector<AcDbStub*> m_unnumbered;   // without a handle,

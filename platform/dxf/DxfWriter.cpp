@@ -4,6 +4,7 @@
 #include "../db/AcDbDimStyleTableRecord.h"
 #include "../db/AcDbSymbolTable.h"
 #include "../db/core/OldViews.h"
+#include "../ui/Progress.h"
 #include "../win/AtomicFile.h"
 #include "DxfClassRows.h"
 #include "DxfNames.h"
@@ -85,6 +86,8 @@ private:
     bool IsSpace(const AcDbBlockTableRecord& block) const;
 
     DbCore& m_core;
+    uint64_t m_count = 0;   // of entities
+    Progress m_progress{L"Writing", m_core.handles.Size()};
     Writer& m_writer;
     const TextCodec& m_codec;
     AcDb::AcDbDwgVersion m_version;
@@ -356,6 +359,7 @@ void DxfWriter<Writer>::AllEntities(const AcDbBlockTableRecord& block)
 template <class Writer>
 void DxfWriter<Writer>::Entity(const AcDbStub* stub)
 {
+    m_progress.At(++m_count);
     const AcDbEntity& entity = static_cast<const AcDbEntity&>(*stub->object);
     const bool isFromFile = m_isSameForm && ObjectAccess::Shape(entity) != 0;
     if (IsR12() && !isFromFile && WriteOldForm(entity, m_sink))
