@@ -43,8 +43,8 @@ class StartFile(Hosts):
             f"... 加载成功 {here}\\tools.vlx ...\n", f"... 加载成功 {here}\\plan.dvb ...\n",
             f'(LOAD "{here}/start.lsp")'.replace("\\", "/"), "this host runs no .NET assemblies", "compiled LISP", "VBA",
             "LISP set at start", f"z:\\fonts;{here}\\common".lower(), "DIA 0", "Recorder.arx",
-            # An absolute entry is looked for under the path of the relative one before it, here none.
-            f"... 卸载失败  ...", f"... 卸载失败 {here}\\start.lsp ..."])
+            # An absolute entry is looked for under the path of the relative one before it, so it stays.
+            f"... 卸载失败 {here}\\Recorder.arx ...", f"... 卸载失败 {here}\\start.lsp ..."])
         self.assertEqual(result.err, "")
 
     def test_the_section_of_the_release(self):
