@@ -8,6 +8,8 @@
 
 namespace KxPlat {
 
+class ListGeometry;
+class ListTraits;
 class Scene;
 
 class ListBuilder : public AcGiWorldDraw, public DrawNotes {
@@ -32,15 +34,13 @@ public:
     AcGiWorldGeometry& geometry() const override;
 
 private:
-    class Traits;
-    class Geometry;
     class Context;
 
     DisplayList& m_list;
     Scene& m_scene;
     bool m_isOpen = false;   // the last entity's box still grows
-    std::unique_ptr<Traits> m_traits;
-    std::unique_ptr<Geometry> m_geometry;
+    std::unique_ptr<ListTraits> m_traits;
+    std::unique_ptr<ListGeometry> m_geometry;
     std::unique_ptr<Context> m_context;
 };
 
