@@ -153,7 +153,7 @@ Acad::ErrorStatus CKxAcDb::OpenRecWithEntyName(const wchar_t* name, AcRxClass* c
     es = AddNamed(*table.get(), fresh.get(), stored, added);
     if (!added)
         return es;
-    fresh.release();
+    static_cast<void>(fresh.release());
     if (created != nullptr)
         *created = 1;
     return table->getAt(stored, record, mode);

@@ -12,7 +12,7 @@ namespace {
 
 CString Taken(ACHAR* text)
 {
-    const CString copy(text == nullptr ? L"" : text);
+    CString copy(text == nullptr ? L"" : text);
     acutDelString(text);
     return copy;
 }

@@ -78,7 +78,7 @@ bool SetAndRecord(CKxAcDb& db, LayerState state, bool value, const CStringArray&
     if (!record.Append(acutBuildList(RTLB, 0)))
         return false;
     for (INT_PTR i = 0; i < names.GetSize(); ++i) {
-        const CString name = names.GetAt(i);
+        const CString& name = names.GetAt(i);
         SetState(db, name, state, value);
         if (!record.Append(acutBuildList(RTSTR, name.GetString(), RTSHORT, 1, 0)))
             return false;
@@ -180,7 +180,7 @@ Acad::ErrorStatus KxCadBaseModule::GetNoSelectLayers(const AcArray<AcDbObjectId>
     if (db.GetRecsName(AcDbLayerTableRecord::desc(), all) != Acad::eOk)
         return es;
     for (INT_PTR i = 0; i < all.GetSize(); ++i) {
-        const CString name = all.GetAt(i);
+        const CString& name = all.GetAt(i);
         bool off = false, frozen = false, locked = false;
         if (excluded.count(name.GetString()) != 0 || db.GetLayerStatus(name, off, &frozen, &locked, L';') != Acad::eOk)
             continue;

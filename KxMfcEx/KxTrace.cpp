@@ -14,7 +14,7 @@ std::string Utf16Bytes(const wchar_t* text)
         bytes += static_cast<char>(unit >> 8 & 0xFF);
     };
     for (; *text != 0; ++text) {
-        const auto character = static_cast<uint32_t>(*text);
+        const auto character = static_cast<char32_t>(*text);
         if (character > 0xFFFF)
             put(0xD7C0 + (character >> 10));
         put(character > 0xFFFF ? 0xDC00 + (character & 0x3FF) : character);

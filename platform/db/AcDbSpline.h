@@ -23,7 +23,7 @@ public:
 
     int degree() const { return m_degree; }
     bool isRational() const { return (m_flags & 4) != 0; }
-    bool isPeriodic() const { return (m_flags & 2) != 0; }
+    bool isPeriodic() const override { return (m_flags & 2) != 0; }
     bool isClosed() const override;
     bool hasFitData() const { return !m_fitPoints.empty(); }
     int numControlPoints() const { return int(m_points.size()); }

@@ -16,7 +16,6 @@ constexpr size_t kTemplatePart = 4;
 // In the order of the locators' numbers.
 constexpr std::string_view kPartNames[kPartCount] = {kHeaderSection,    kClassesSection,  kHandlesSection,
                                                      kFreeSpaceSection, kTemplateSection, kAuxHeaderSection};
-constexpr uint64_t kLocatorsAt = 0x15;
 constexpr uint64_t kHeadSize = 0x61;
 // Kept free before the objects for the variables, and for the classes that the objects turn out to need.
 constexpr size_t kRoomForHeader = 0x2000;

@@ -35,7 +35,7 @@ inline UINT HashKey<const CString&>(const CString& key)
 }
 
 template <>
-inline UINT HashKey<CString>(CString key)
+inline UINT HashKey<CString>(CString key)   // NOLINT(performance-unnecessary-value-param): as the template has it
 {
     return HashKey<LPCWSTR>(key);
 }

@@ -11,7 +11,7 @@ public:
     INT_PTR Add(const CString& text)
     {
         const INT_PTR index = GetSize();
-        const CString added(text);   // `text` may be in the array, which moves
+        const CString added(text);   // `text` may be in the array. NOLINT(performance-unnecessary-copy-initialization)
         SetSize(index + 1);
         ElementAt(index) = added;
         return index;

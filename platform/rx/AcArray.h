@@ -192,7 +192,7 @@ private:
     int Step() const
     {
         constexpr int kMostBytes = 65536;
-        const int most = std::max(int(kMostBytes / sizeof(T)), 1);
+        const int most = std::max(int(kMostBytes / sizeof(T)), 1);   // NOLINT(bugprone-sizeof-expression): pointers too
         return std::max(m_growLength, std::min(m_physicalLength, most));
     }
     void Reallocate(int physicalLength, int kept)

@@ -167,6 +167,10 @@ bool AppendBuffer(const resbuf& buffer, AcDbDatabase* database, GroupList& group
 
 Acad::ErrorStatus GroupsOf(const resbuf* chain, AcDbDatabase* database, GroupList& groups)
 {
+    size_t count = 0;
+    for (const resbuf* at = chain; at != nullptr; at = at->rbnext)
+        ++count;
+    groups.reserve(groups.size() + count);
     for (const resbuf* at = chain; at != nullptr; at = at->rbnext)
         if (at->restype < 0 || at->restype >= 5000 || !AppendBuffer(*at, database, groups))
             return Acad::eBadDxfSequence;

@@ -7,6 +7,7 @@
 #include "../../win/CrtText.h"
 #include "../acedads.h"
 #include "HostCommands.h"
+#include <cmath>
 #include <functional>
 
 using namespace KxPlat;
@@ -241,7 +242,7 @@ void SetLineWeight()
     CString text;
     if (!AskText(L"\nEnter lineweight (0.0mm - 2.11mm): ", text))
         return;
-    const int hundredths = int(_wtof(text) * 100 + 0.5);
+    const int hundredths = int(std::lround(_wtof(text) * 100));
     if (hundredths < 0 || hundredths > 211) {
         acutPrintf(L"\nA lineweight lies between 0 and 2.11 millimetres.");
         return;

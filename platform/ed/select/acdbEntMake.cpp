@@ -155,7 +155,7 @@ int MakePart(AcDbDatabase& database, std::unique_ptr<AcDbObject> object, const O
     if (whole.isNull() || entity == nullptr || PutGroups(*entity, database, groups) != Acad::eOk)
         return RTERROR;
     const bool isEnd = groups.dxfName == L"SEQEND";
-    object.release();
+    static_cast<void>(object.release());
     AttachTo(whole, database, entity);
     if (isEnd)
         CurrentMaking().whole.setNull();
@@ -169,7 +169,7 @@ int MakeEntity(AcDbDatabase& database, std::unique_ptr<AcDbObject> object, const
     entity->setDatabaseDefaults(&database);
     if (PutGroups(*entity, database, groups) != Acad::eOk || AppendTo(OwnerFor(database, groups), entity) != Acad::eOk)
         return RTERROR;
-    object.release();
+    static_cast<void>(object.release());
     acdbGetAdsName(result, entity->objectId());
     if (HasParts(groups))
         CurrentMaking().whole = entity->objectId();
@@ -191,7 +191,7 @@ int MakeRecord(AcDbDatabase& database, std::unique_ptr<AcDbObject> object, const
     table->close();
     if (status != Acad::eOk)
         return RTERROR;
-    object.release();
+    static_cast<void>(object.release());
     acdbGetAdsName(result, record->objectId());
     record->close();
     return RTNORM;

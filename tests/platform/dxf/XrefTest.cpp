@@ -172,6 +172,27 @@ TEST_F(Xrefs, AreNotSavedWithTheHost)
     EXPECT_LT(uint64_t(plain.handseed()), uint64_t(db->handseed()));
 }
 
+TEST_F(Xrefs, AWholeCopyOfTheHostKeepsThemApart)
+{
+    Make(L"a.dxf");
+    Make(L"host.dxf", {L"a.dxf"});
+    const auto db = Opened(L"host.dxf");
+    AcDbDatabase* made = nullptr;
+    ASSERT_EQ(db->wblock(made), Acad::eOk);
+    const std::unique_ptr<AcDbDatabase> copy(made);
+    EXPECT_EQ(LiveEntities(*copy, L"a"), 3u);
+    EXPECT_TRUE(
+        static_cast<AcDbBlockTableRecord*>(Record(*copy, TableKind::Block, L"a")->object)->isFromExternalReference());
+    EXPECT_EQ(Complaints(*copy), std::vector<std::wstring>());
+    ASSERT_EQ(copy->saveAs(folder.DrivePath(L"copy.dxf").c_str()), Acad::eOk);
+    AcDbDatabase plain(false, true);
+    ASSERT_EQ(plain.readDwgFile(folder.DrivePath(L"copy.dxf").c_str()), Acad::eOk);
+    EXPECT_EQ(LiveEntities(plain, L"a"), 0u);
+    EXPECT_EQ(LiveEntities(plain, ACDB_MODEL_SPACE), LiveEntities(*db, ACDB_MODEL_SPACE));
+    XrefLoader(plain).ResolveAll(false);
+    EXPECT_EQ(LiveEntities(plain, L"a"), 3u);
+}
+
 TEST_F(Xrefs, LayersKeepTheStateOfTheHost)
 {
     Make(L"a.dxf");
