@@ -320,9 +320,10 @@ TEST(Windows, TimersComeWhenTheyAreDue)
     TwoWindows windows;
     KxPlat::PumpWindows();
     windows.child.Take();
-    windows.child.SetTimer(3, 10, nullptr);
+    windows.child.SetTimer(3, 60000, nullptr);
     KxPlat::PumpWindows();
     EXPECT_EQ(windows.child.Take(), "");
+    windows.child.SetTimer(3, 10, nullptr);   // in place of the first one
     std::this_thread::sleep_for(std::chrono::milliseconds(15));
     KxPlat::PumpWindows();
     EXPECT_EQ(windows.child.Take(), "timer3 ");
