@@ -253,7 +253,8 @@ int Program::Run()
         return kWrongUsage;
     }
     MoveOutput();
-    WatchInterrupts();
+    if (m_desktop == nullptr)
+        WatchInterrupts();
     TakeSupportFolders();
     SessionOptions sessionOptions;
     sessionOptions.release = m_release;

@@ -48,6 +48,11 @@ DesktopUi::DesktopUi(const DesktopSettings& settings)
             m_waiting->quit();
     };
     m_window->cancelled = [this] { m_isInterrupted = true; };
+    QObject::connect(&m_serve, &QTimer::timeout, &m_serve, [this] {
+        if (m_settings.serve)
+            m_settings.serve();
+    });
+    m_serve.start(kServe);
     m_breath.start();
 }
 
@@ -82,15 +87,13 @@ InputEvent DesktopUi::Ask(const InputRequest& request)
     InputEvent event;
     m_isInterrupted = false;
     m_window->BeginPrompt(request);
-    QTimer serve;
+    QTimer look;
     QEventLoop loop;
-    QObject::connect(&serve, &QTimer::timeout, &loop, [&] {
-        if (m_settings.serve)
-            m_settings.serve();
+    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
         if (TakeSentLine(event))
             loop.quit();
     });
-    serve.start(kServe);
+    look.start(kServe);
     while (!TakeSentLine(event) && !m_queue.Take(request, event)) {
         QEventLoop* outer = std::exchange(m_waiting, &loop);
         loop.exec();
@@ -118,8 +121,6 @@ void DesktopUi::Breathe()
     if (!m_isShown || m_breath.elapsed() < kBreath)
         return;
     m_breath.restart();
-    if (m_settings.serve)
-        m_settings.serve();
     QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
 }
 

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QTimer>
 
 namespace KxDesktop {
 
@@ -46,6 +47,7 @@ private:
     std::unique_ptr<QtWindows> m_windows;
     QEventLoop* m_waiting = nullptr;
     QElapsedTimer m_breath;
+    QTimer m_serve;
     bool m_isInterrupted = false;
     bool m_isShown = false;
 };

@@ -51,6 +51,7 @@ void DrawingArea::ShowDocument(AcApDocument* document)
         return;
     m_document = document;
     m_rectangle.reset();
+    m_previous.reset();
     m_hover.SetDocument(document);
     m_view = nullptr;
     if (document != nullptr) {
@@ -110,6 +111,51 @@ void DrawingArea::ZoomExtents()
 {
     if (View() != nullptr)
         View()->ZoomExtents();
+    m_drawTimer.start();
+}
+
+void DrawingArea::LookAtCenter(const ViewRequest& request)
+{
+    Camera camera = View()->camera();
+    const double height = request.isRelative ? camera.fieldHeight / request.number : request.number;
+    camera.fieldWidth *= height / camera.fieldHeight;
+    camera.fieldHeight = height;
+    camera.target = AcGePoint3d(request.points[0][0], request.points[0][1], 0);
+    View()->SetCamera(camera);
+}
+
+void DrawingArea::Look(const ViewRequest& request)
+{
+    if (View() == nullptr)
+        return;
+    const Camera before = View()->camera();
+    const double middle[2] = {View()->width() / 2.0, View()->height() / 2.0};
+    switch (request.kind) {
+    case ViewRequest::Kind::All:
+    case ViewRequest::Kind::Extents:
+        View()->ZoomExtents();
+        break;
+    case ViewRequest::Kind::Previous:
+        if (m_previous)
+            View()->SetCamera(*m_previous);
+        break;
+    case ViewRequest::Kind::Window: {
+        const DevicePoint a = View()->ToDevice({request.points[0][0], request.points[0][1], 0});
+        const DevicePoint b = View()->ToDevice({request.points[1][0], request.points[1][1], 0});
+        View()->ZoomWindow(a.x, a.y, b.x, b.y);
+        break;
+    }
+    case ViewRequest::Kind::Center:
+        LookAtCenter(request);
+        break;
+    case ViewRequest::Kind::Scale:
+        // A plain number counts from the whole drawing.
+        if (!request.isRelative)
+            View()->ZoomExtents();
+        View()->ZoomAt(middle[0], middle[1], request.number);
+        break;
+    }
+    m_previous = before;
     m_drawTimer.start();
 }
 
@@ -284,9 +330,19 @@ void DrawingArea::Click(const QPointF& place, Qt::KeyboardModifiers keys)
     } else if (WantsObjects()) {
         ClickForObjects(place, removes);
     } else if (PicksPoints()) {
-        const AcGePoint3d point = View()->ToWorld(at.x(), at.y());
-        m_queue.Pick({point.x, point.y, point.z});
+        PickPoint(at);
     }
+}
+
+// The input point filter has the last word on where the point is.
+void DrawingArea::PickPoint(const QPointF& at)
+{
+    AcArray<AcDbObjectId> under;
+    if (const AcDbObjectId id = View()->EntityAt(at.x(), at.y(), kPickBox); !id.isNull())
+        under.append(id);
+    const AcGePoint3d raw = View()->ToWorld(at.x(), at.y());
+    const AcGePoint3d point = FilterPoint(*m_document, raw, m_base.value_or(raw), under).point;
+    m_queue.Pick({point.x, point.y, point.z});
 }
 
 void DrawingArea::ClickForObjects(const QPointF& place, bool removes)

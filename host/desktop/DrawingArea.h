@@ -4,6 +4,7 @@
 #include "gs/DrawingView.h"
 #include "HoverText.h"
 #include "InputQueue.h"
+#include "ui/ViewRequest.h"
 #include <map>
 #include <memory>
 #include <optional>
@@ -32,6 +33,8 @@ public:
     void SetShowsGrips(bool areShown);
 
     void ZoomExtents();
+    // As the command ZOOM asks for it.
+    void Look(const KxPlat::ViewRequest& request);
     void ZoomBy(double factor);
     // The next rectangle is looked at instead of selected in.
     void BeginZoomWindow();
@@ -66,6 +69,8 @@ private:
     KxPlat::DrawingView* View() const { return m_view; }
     QPointF OnDevice(const QPointF& place) const;
     void DrawOn();
+    void LookAtCenter(const KxPlat::ViewRequest& request);
+    void PickPoint(const QPointF& place);
     void Click(const QPointF& place, Qt::KeyboardModifiers keys);
     void ClickForObjects(const QPointF& place, bool removes);
     void FinishRectangle(const QPointF& place, bool removes);
@@ -81,6 +86,7 @@ private:
     AcApDocument* m_document = nullptr;
     KxPlat::DrawingView* m_view = nullptr;
     std::map<AcApDocument*, std::unique_ptr<KxPlat::DrawingView>> m_views;
+    std::optional<KxPlat::Camera> m_previous;   // before the last ZOOM
     QTimer m_drawTimer;
     HoverText m_hover;
     uint32_t m_background = 0;

@@ -2,6 +2,7 @@
 #include "ed/AcEdInputPointManager.h"
 #include "mfc/Escaped.h"
 #include "QtText.h"
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace KxDesktop {
@@ -43,17 +44,22 @@ void HoverText::Show()
     AcArray<AcDbObjectId> under;
     if (const AcDbObjectId id = m_find(m_place); !id.isNull())
         under.append(id);
-    const std::wstring text = FilteredText(*m_document, m_point, m_lastPoint, under);
-    if (!text.empty())
-        QToolTip::showText(m_area.mapToGlobal(m_place.toPoint()), ToQt(text).toHtmlEscaped(), &m_area);
+    const std::wstring text = FilterPoint(*m_document, m_point, m_lastPoint, under).text;
+    if (text.empty())
+        return;
+    QString shown = ToQt(text);
+    if (Qt::mightBeRichText(shown))
+        shown = QStringLiteral("<qt>") + shown.toHtmlEscaped() + QStringLiteral("</qt>");
+    QToolTip::showText(m_area.mapToGlobal(m_place.toPoint()), shown, &m_area);
 }
 
-std::wstring FilteredText(AcApDocument& document, const AcGePoint3d& point, const AcGePoint3d& lastPoint,
+FilteredPoint FilterPoint(AcApDocument& document, const AcGePoint3d& point, const AcGePoint3d& lastPoint,
                           const AcArray<AcDbObjectId>& under)
 {
+    FilteredPoint result{point, {}};
     AcEdInputPointFilter* filter = document.inputPointManager()->currentPointFilter();
     if (filter == nullptr)
-        return {};
+        return result;
     using Nested = AcArray<AcDbObjectIdArray, AcArrayObjectCopyReallocator<AcDbObjectIdArray>>;
     bool isPointChanged = false, isTextChanged = false, asksAgain = false;
     AcGePoint3d newPoint = point;
@@ -73,7 +79,13 @@ std::wstring FilteredText(AcApDocument& document, const AcGePoint3d& point, cons
                                          AcDb::OsnapMask(0), noModes, under, nested, marks, noKeys, Nested(),
                                          AcArray<int>(), noPaths, point, L"");
     });
-    return status == Acad::eOk && isTextChanged && text != nullptr ? std::wstring(text) : std::wstring();
+    if (status != Acad::eOk)
+        return result;
+    if (isPointChanged)
+        result.point = newPoint;
+    if (isTextChanged && text != nullptr)
+        result.text = text;
+    return result;
 }
 
 }   // namespace KxDesktop

@@ -32,8 +32,12 @@ private:
     AcGePoint3d m_point, m_lastPoint;
 };
 
-// What the filter in force says of a point with these objects under it; empty when there is none or it says nothing.
-std::wstring FilteredText(AcApDocument& document, const AcGePoint3d& point, const AcGePoint3d& lastPoint,
+struct FilteredPoint {
+    AcGePoint3d point;
+    std::wstring text;   // empty: the filter says nothing
+};
+// What the filter in force makes of a point with these objects under it; the point itself where there is none.
+FilteredPoint FilterPoint(AcApDocument& document, const AcGePoint3d& point, const AcGePoint3d& lastPoint,
                           const AcArray<AcDbObjectId>& under);
 
 }   // namespace KxDesktop

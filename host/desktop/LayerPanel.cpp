@@ -164,7 +164,7 @@ void LayerPanel::Filter()
 void LayerPanel::Click(QTreeWidgetItem& item, int column)
 {
     const int row = m_tree->indexOfTopLevelItem(&item);
-    if (m_document == nullptr || row < 0 || row >= int(m_shown.size()))
+    if (m_document == nullptr || row < 0 || row >= int(m_shown.size()) || !mayChange())
         return;
     const Layer layer = m_shown[size_t(row)];
     switch (column) {
@@ -206,7 +206,7 @@ void LayerPanel::ChooseColor(AcDbObjectId id)
 
 void LayerPanel::MakeCurrent(AcDbObjectId id)
 {
-    if (m_document == nullptr)
+    if (m_document == nullptr || !mayChange())
         return;
     Acad::ErrorStatus status = Acad::eOk;
     {

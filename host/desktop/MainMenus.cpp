@@ -20,6 +20,9 @@ namespace KxDesktop {
 
 void MainWindow::BuildMenus()
 {
+    // Those in another language go with all that is in them.
+    for (QMenu* menu : menuBar()->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly))
+        delete menu;
     menuBar()->clear();
     menuBar()->setObjectName(QStringLiteral("menuBar"));
     menuBar()->setNativeMenuBar(false);

@@ -76,6 +76,7 @@ MainWindow::MainWindow(InputQueue& queue, const DesktopSettings& settings)
 
 MainWindow::~MainWindow()
 {
+    SetViewHandler(nullptr);
     if (m_kept != nullptr) {
         m_kept->setValue(QStringLiteral("geometry"), saveGeometry());
         m_kept->setValue(QStringLiteral("docks"), saveState());
@@ -153,6 +154,8 @@ void MainWindow::ConnectParts()
     m_area->menuWanted = [this](const QPoint& place) { ShowContextMenu(place); };
     const auto tell = [this](const QString& why) { statusBar()->showMessage(why, 8000); };
     const auto follow = [this] { FollowDrawing(); };
+    SetViewHandler([this](const ViewRequest& request) { m_area->Look(request); });
+    m_layers->mayChange = m_properties->mayChange = [this] { return m_isAsking; };
     m_layers->changed = follow;
     m_layers->refused = tell;
     m_properties->changed = follow;
@@ -232,7 +235,7 @@ void MainWindow::Escape()
 
 void MainWindow::SelectAll()
 {
-    if (AcApDocument* document = acDocManager->mdiActiveDocument())
+    if (AcApDocument* document = acDocManager->mdiActiveDocument(); document != nullptr && m_isAsking)
         m_area->Select(EntitiesOf(*document->database(), Reach::Unlocked));
 }
 

@@ -20,10 +20,10 @@ namespace {
 
 class ModelDialog : public QDialog {
 public:
-    ModelDialog(QWidget& parent, DialogModel& model, std::function<void()> changed)
-        : QDialog(&parent), m_model(model), m_changed(std::move(changed))
+    ModelDialog(QWidget& parent, DialogModel& model, std::function<void()> changed, bool isPanel = false)
+        : QDialog(&parent), m_model(model), m_changed(std::move(changed)), m_isPanel(isPanel)
     {
-        setObjectName(QStringLiteral("modelDialog"));
+        setObjectName(isPanel ? QStringLiteral("modelPanel") : QStringLiteral("modelDialog"));
         Measure();
         QWidget* label = nullptr;
         for (const auto& control : model.Controls()) {
@@ -44,9 +44,26 @@ public:
     QRect PlaceOf(const RECT& rect) const
     {
         const RECT whole = PixelsOf(m_model.rect, m_model.fontSize);
-        const double x = width() / std::max(1.0, double(whole.right - whole.left));
-        const double y = height() / std::max(1.0, double(whole.bottom - whole.top));
+        const double x = m_model.rect.width * m_unitX / std::max(1.0, double(whole.right - whole.left));
+        const double y = m_model.rect.height * m_unitY / std::max(1.0, double(whole.bottom - whole.top));
         return QRectF(rect.left * x, rect.top * y, (rect.right - rect.left) * x, (rect.bottom - rect.top) * y).toRect();
+    }
+
+    // Everything as the model has it now.
+    void Follow()
+    {
+        if (m_model.Ended())
+            return done(m_model.Result());
+        if (m_isFollowing)
+            return;
+        m_isFollowing = true;
+        setWindowTitle(ToQt(m_model.caption));
+        for (const auto& shown : m_widgets) {
+            shown->Widget().setVisible(shown->Control().visible);
+            shown->Widget().setEnabled(shown->Control().enabled);
+            shown->Follow();
+        }
+        m_isFollowing = false;
     }
 
 protected:
@@ -79,7 +96,8 @@ private:
         const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
         m_unitX = metrics.horizontalAdvance(letters) / 52 / 4;
         m_unitY = std::max(metrics.height(), 16.0) / 8;
-        setFixedSize(int(m_model.rect.width * m_unitX), int(m_model.rect.height * m_unitY));
+        const QSize size(int(m_model.rect.width * m_unitX), int(m_model.rect.height * m_unitY));
+        m_isPanel ? resize(size) : setFixedSize(size);
     }
     QRect RectOf(const DialogRect& rect, ControlKind kind) const
     {
@@ -103,29 +121,30 @@ private:
         Follow();
         m_changed();
     }
-    // Everything as the model has it now.
-    void Follow()
-    {
-        if (m_model.Ended())
-            return done(m_model.Result());
-        m_isFollowing = true;
-        setWindowTitle(ToQt(m_model.caption));
-        for (const auto& shown : m_widgets) {
-            shown->Widget().setVisible(shown->Control().visible);
-            shown->Widget().setEnabled(shown->Control().enabled);
-            shown->Follow();
-        }
-        m_isFollowing = false;
-    }
-
     DialogModel& m_model;
     std::function<void()> m_changed;
     std::vector<std::unique_ptr<ControlWidget>> m_widgets;
     double m_unitX = 2, m_unitY = 2;
     bool m_isFollowing = false;
+    bool m_isPanel;
 };
 
 }   // namespace
+
+QWidget* NewModelPanel(QWidget& parent, DialogModel& model, QtWindows& windows, bool isInside)
+{
+    auto* panel = new ModelDialog(
+        parent, model, [] {}, true);
+    panel->setWindowFlags(isInside ? Qt::Widget : Qt::Tool);
+    panel->setModal(false);
+    windows.BeginDialog(model, *panel, [panel](const RECT& rect) { return panel->PlaceOf(rect); });
+    return panel;
+}
+
+void FollowModelPanel(QWidget& panel)
+{
+    static_cast<ModelDialog&>(panel).Follow();
+}
 
 int RunModelDialog(QWidget& parent, DialogModel& model, QtWindows& windows, const std::function<void()>& changed)
 {

@@ -13,4 +13,9 @@ class QtWindows;
 int RunModelDialog(QWidget& parent, KxPlat::DialogModel& model, QtWindows& windows,
                    const std::function<void()>& changed);
 
+// One that stays beside the rest: in another window, or by itself. It is hidden until it is shown.
+QWidget* NewModelPanel(QWidget& parent, KxPlat::DialogModel& model, QtWindows& windows, bool isInside);
+// Shows what the program has changed.
+void FollowModelPanel(QWidget& panel);
+
 }   // namespace KxDesktop

@@ -133,6 +133,8 @@ void PropertyPanel::ChooseColor()
 // What cannot be changed (an entity on a locked layer) stays, the others follow.
 void PropertyPanel::Change(const std::function<Acad::ErrorStatus(AcDbEntity&)>& change)
 {
+    if (!mayChange())
+        return;
     Acad::ErrorStatus fault = Acad::eOk;
     {
         const DrawingEdit edit(*m_document, L"PROPERTIES");

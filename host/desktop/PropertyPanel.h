@@ -20,6 +20,8 @@ public:
     void SetLanguageTexts();
 
     std::function<void()> changed;
+    // False while a command is at work and nothing may be changed beside it.
+    std::function<bool()> mayChange;
     std::function<void(const QString&)> refused;
 
 private:

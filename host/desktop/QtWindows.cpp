@@ -1,4 +1,5 @@
 #include "QtWindows.h"
+#include "ModelDialog.h"
 #include "QtText.h"
 #include "ui/WindowQueue.h"
 #include "ui/WindowTable.h"
@@ -100,6 +101,8 @@ QtWindows::~QtWindows()
     SetWindowBackend(nullptr);
     for (const auto& [window, widget] : m_widgets)
         delete widget.data();
+    for (const auto& [window, panel] : m_panels)
+        delete panel.data();
     for (const auto& [bar, dock] : m_docks)
         delete dock.data();
 }
@@ -154,8 +157,38 @@ WindowWidget* QtWindows::Make(HWND handle)
 
 void QtWindows::MakeChildren(HWND window)
 {
-    for (HWND child : ChildrenOf(window))
+    for (HWND child : ChildrenOf(window)) {
         Make(child);
+        if (const NativeWindow* made = FindWindowOf(child); made->dialog != nullptr && made->IsVisible())
+            Shown(child);
+    }
+}
+
+QWidget* QtWindows::Panel(HWND handle)
+{
+    if (const auto made = m_panels.find(handle); made != m_panels.end() && made->second)
+        return made->second;
+    const NativeWindow* window = FindWindowOf(handle);
+    if (window == nullptr || window->dialog == nullptr || m_dialogs.count(window->dialog) != 0)
+        return nullptr;
+    QWidget* parent = window->IsChild() ? Make(window->parent) : &m_main;
+    if (parent == nullptr)
+        return nullptr;
+    QWidget* panel = NewModelPanel(*parent, *window->dialog, *this, window->IsChild());
+    m_panels[handle] = panel;
+    if (window->IsChild())
+        panel->setGeometry(window->rect.left, window->rect.top, window->Width(), window->Height());
+    return panel;
+}
+
+void QtWindows::DropPanel(HWND handle)
+{
+    const auto made = m_panels.find(handle);
+    if (made == m_panels.end())
+        return;
+    m_dialogs.erase(FindWindowOf(handle)->dialog);
+    delete made->second.data();
+    m_panels.erase(made);
 }
 
 void QtWindows::BeginDialog(DialogModel& model, QWidget& widget, PlaceOf placed)
@@ -193,6 +226,7 @@ void QtWindows::Created(HWND window)
 
 void QtWindows::Destroyed(HWND window)
 {
+    DropPanel(window);
     delete Find(window);
     m_widgets.erase(window);
     if (const auto dock = m_docks.find(window); dock != m_docks.end()) {
@@ -203,6 +237,12 @@ void QtWindows::Destroyed(HWND window)
 
 void QtWindows::Placed(HWND handle)
 {
+    if (const auto panel = m_panels.find(handle); panel != m_panels.end() && panel->second) {
+        const NativeWindow* window = FindWindowOf(handle);
+        if (window->IsChild())
+            panel->second->setGeometry(window->rect.left, window->rect.top, window->Width(), window->Height());
+        return;
+    }
     WindowWidget* widget = Find(handle);
     const NativeWindow* window = FindWindowOf(handle);
     if (widget == nullptr || window == nullptr || m_docks.count(handle) != 0)
@@ -217,6 +257,10 @@ void QtWindows::Placed(HWND handle)
 
 void QtWindows::Reparented(HWND window)
 {
+    if (m_panels.count(window) != 0) {
+        DropPanel(window);
+        return Shown(window);
+    }
     delete Find(window);
     m_widgets.erase(window);
     Make(window);
@@ -224,12 +268,19 @@ void QtWindows::Reparented(HWND window)
 
 void QtWindows::Styled(HWND window)
 {
+    // One that stood by itself may have become part of another, or left it.
+    const auto found = m_panels.find(window);
+    const QWidget* shown = found != m_panels.end() ? found->second.data() : Find(window);
+    if (shown != nullptr && m_docks.count(window) == 0 && shown->isWindow() == FindWindowOf(window)->IsChild())
+        return Reparented(window);
     if (WindowWidget* widget = Find(window))
         widget->setEnabled(FindWindowOf(window)->IsEnabled());
 }
 
 void QtWindows::Shown(HWND window)
 {
+    if (QWidget* panel = Panel(window))
+        return panel->setVisible(FindWindowOf(window)->IsVisible());
     if (WindowWidget* widget = Make(window); widget != nullptr && m_docks.count(window) == 0)
         widget->setVisible(FindWindowOf(window)->IsVisible());
 }
@@ -383,6 +434,9 @@ void QtWindows::WorkPending(DWORD milliseconds)
 void QtWindows::Work()
 {
     PumpWindows();
+    for (const auto& [window, panel] : m_panels)
+        if (panel && panel->isVisible())
+            FollowModelPanel(*panel);
     if (HasWaitingMessages())
         WorkPending(0);
 }

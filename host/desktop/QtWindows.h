@@ -57,12 +57,16 @@ private:
     // Null for what has no place on the screen (yet).
     WindowWidget* Make(HWND window);
     void MakeChildren(HWND window);
+    // Of a dialog that stays beside the rest; null for one that runs, and for other windows.
+    QWidget* Panel(HWND dialog);
+    void DropPanel(HWND dialog);
     QDockWidget* DockOf(HWND bar);
     void Work();
 
     QMainWindow& m_main;
     std::map<HWND, QPointer<WindowWidget>> m_widgets;
     std::map<HWND, QPointer<QDockWidget>> m_docks;
+    std::map<HWND, QPointer<QWidget>> m_panels;
     std::map<KxPlat::DialogModel*, Dialog> m_dialogs;
     QTimer m_work;
     bool m_isDocking = false;

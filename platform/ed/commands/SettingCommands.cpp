@@ -3,6 +3,8 @@
 #include "../../db/AcDbSymbolTable.h"
 #include "../../db/core/DbCore.h"
 #include "../../db/core/Stub.h"
+#include "../../ui/ViewRequest.h"
+#include "../lisp/NumberTexts.h"
 #include "../Prompt.h"
 #include "../Session.h"
 #include "EntityTools.h"
@@ -55,14 +57,49 @@ void RenameIn(const TableRow& row)
 // What each way of zooming asks for: points, or a text.
 struct ZoomRow {
     const wchar_t* keyword;
+    ViewRequest::Kind kind;
     int points;
-    const wchar_t* text;
+    const wchar_t* text;   // null: no number is asked
 };
 
 const ZoomRow g_zooms[] = {
-    {L"All", 0, nullptr},      {L"Center", 1, L"\nEnter magnification or height: "},   {L"Extents", 0, nullptr},
-    {L"Previous", 0, nullptr}, {L"Scale", 0, L"\nEnter a scale factor (nX or nXP): "}, {L"Window", 2, nullptr},
+    {L"All", ViewRequest::Kind::All, 0, nullptr},
+    {L"Center", ViewRequest::Kind::Center, 1, L"\nEnter magnification or height: "},
+    {L"Extents", ViewRequest::Kind::Extents, 0, nullptr},
+    {L"Previous", ViewRequest::Kind::Previous, 0, nullptr},
+    {L"Scale", ViewRequest::Kind::Scale, 0, L"\nEnter a scale factor (nX or nXP): "},
+    {L"Window", ViewRequest::Kind::Window, 2, nullptr},
 };
+
+// "2" or "0.5x"; false for what is neither.
+bool ReadFactor(std::wstring text, ViewRequest& request)
+{
+    const size_t x = text.find_first_of(L"xX");
+    request.isRelative = x != std::wstring::npos;
+    text = text.substr(0, x);
+    return LengthIn(text, request.number) && request.number > 0;
+}
+
+// False when the user gave up.
+bool AskCorner(ViewRequest& request, int at)
+{
+    const PointAnswer answer = AskPoint(at == 0 ? L"\nSpecify a point: " : L"\nSpecify opposite corner: ");
+    request.points[at][0] = answer.point.x;
+    request.points[at][1] = answer.point.y;
+    return answer.isPoint();
+}
+
+bool AskZoom(const ZoomRow& row, ViewRequest& request)
+{
+    request.kind = row.kind;
+    for (int at = 0; at < row.points; ++at)
+        if (!AskCorner(request, at))
+            return false;
+    if (row.text == nullptr)
+        return true;
+    const std::optional<std::wstring> number = AskLine(row.text);
+    return number && ReadFactor(*number, request);
+}
 
 }   // namespace
 
@@ -92,7 +129,7 @@ void UcsCommand()
         FailCommand(L"The world is the only coordinate system.");
 }
 
-// There is no view to change; what the question takes is taken, so that scripts run as they do elsewhere.
+// The view is the host window's. Without one all is asked none the less, so that scripts run everywhere.
 void ZoomCommand()
 {
     acedInitGet(RSG_OTHER, L"All Center Extents Previous Scale Window");
@@ -101,19 +138,24 @@ void ZoomCommand()
                                     L"\nSpecify corner of window, enter a scale factor (nX or nXP), or "
                                     L"[All/Center/Extents/Previous/Scale/Window] <real time>: ",
                                     point);
-    ACHAR keyword[512] = L"";
-    if (answer == RTNORM)
-        AskPoint(L"\nSpecify opposite corner: ");
-    else if (answer == RTKWORD)
-        acedGetInput(keyword);
-    for (const ZoomRow& row : g_zooms) {
-        if (std::wstring_view(keyword) != row.keyword)
-            continue;
-        for (int i = 0; i < row.points; ++i)
-            AskPoint(L"\nSpecify a point: ");
-        if (row.text != nullptr)
-            AskLine(row.text);
+    ViewRequest request;
+    bool isWhole = false;
+    if (answer == RTNORM) {
+        request.kind = ViewRequest::Kind::Window;
+        request.points[0][0] = point[X];
+        request.points[0][1] = point[Y];
+        isWhole = AskCorner(request, 1);
+    } else if (answer == RTKWORD) {
+        ACHAR typed[512] = L"";
+        acedGetInput(typed);
+        request.kind = ViewRequest::Kind::Scale;
+        isWhole = ReadFactor(typed, request);
+        for (const ZoomRow& row : g_zooms)
+            if (std::wstring_view(typed) == row.keyword)
+                isWhole = AskZoom(row, request);
     }
+    if (isWhole)
+        RequestView(request);
     Ui().Regenerated();
 }
 
