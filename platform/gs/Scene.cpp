@@ -97,6 +97,7 @@ void Scene::ReadTables()
         layer.isPlottable = record->isPlottable();
         layer.lineWeight = int16_t(record->lineWeight());
         layer.linetype = record->linetypeObjectId();
+        layer.isDefpoints = record->nameText().CompareNoCase(L"Defpoints") == 0;
         layer.isZero = record->nameText() == L"0";
     }
     for (AcDbStub* stub : core.Table(TableKind::Linetype)->records()) {
@@ -151,7 +152,7 @@ void Scene::TakeDown(Kept& kept, AcDbObjectId id)
     builder.Finish();
     block->close();
     m_taking.pop_back();
-    kept.box = MeasuredBox(kept.list);
+    kept.box = MeasuredBox(kept.list, isSpace);
 }
 
 bool Scene::IsTaking(AcDbObjectId block) const
@@ -204,15 +205,19 @@ Box Scene::BoxOf(AcDbObjectId block)
 {
     const DisplayList& list = ListOf(block);
     const std::optional<Box>& known = m_lists[block]->box;
-    return known.has_value() ? *known : MeasuredBox(list);
+    return known.has_value() ? *known : MeasuredBox(list, false);
 }
 
-Box Scene::MeasuredBox(const DisplayList& list) const
+// What a dimension measures may lie far off; it is no part of what the block shows.
+Box Scene::MeasuredBox(const DisplayList& list, bool isSpace) const
 {
     Box box = EmptyBox();
-    for (const EntitySpan& span : list.entities)
-        if (HasBox(span))
+    for (const EntitySpan& span : list.entities) {
+        const bool isMark =
+            !isSpace && span.itemCount == 1 && LayerOf(list.looks[list.items[span.firstItem].look].layer).isDefpoints;
+        if (HasBox(span) && !isMark)
             Add(box, span);
+    }
     return box;
 }
 

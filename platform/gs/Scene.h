@@ -20,7 +20,8 @@ struct SceneLayer {
     bool isPlottable = true;
     int16_t lineWeight = -3;
     AcDbStub* linetype = nullptr;
-    bool isZero = false;   // layer "0": in a block it is the layer of the insertion
+    bool isDefpoints = false;   // where dimensions keep the points that they measure
+    bool isZero = false;        // layer "0": in a block it is the layer of the insertion
 };
 
 // Dash lengths in drawing units, gaps negative; empty for a continuous line.
@@ -81,7 +82,7 @@ private:
     struct Kept;
     using Touched = std::unordered_map<const AcDbStub*, std::unordered_set<AcDbStub*>>;   // by block
 
-    Box MeasuredBox(const DisplayList& list) const;
+    Box MeasuredBox(const DisplayList& list, bool isSpace) const;
     void TakeDown(Kept& kept, AcDbObjectId block);
     void TakeDownAnew(Kept& kept, AcDbObjectId block, const std::unordered_set<AcDbStub*>& entities);
     bool Sort(const std::vector<AcDbStub*>& touched, Touched& byBlock) const;

@@ -98,6 +98,17 @@ TEST_F(ViewOfSheet, ExtentsFitTheVisible)
     EXPECT_NEAR(view.camera().fieldWidth, 21, 0.1);
 }
 
+TEST_F(ViewOfSheet, ExtentsPassOverWhatDimensionsMeasure)
+{
+    const AcDbObjectId marks = AddLayer(L"DEFPOINTS", 7), block = AddBlock(L"D");
+    Add(Line(10, 10, 30, 10), block);
+    Add(Line(-5000, 0, -5000, 0, marks), block);
+    Add(new AcDbBlockReference(AcGePoint3d(), block));
+    view.Changed();
+    view.ZoomExtents();
+    EXPECT_NEAR(view.camera().fieldWidth, 21, 0.1);
+}
+
 TEST_F(ViewOfSheet, OrbitTurnsWhatIsSeen)
 {
     view.SetCamera(Camera());
