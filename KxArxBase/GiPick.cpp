@@ -109,13 +109,20 @@ Acad::ErrorStatus GetAdsNameWithObjectIds(const AcDbObjectIdArray& ids, ads_name
     return ads_name_nil(set) ? AsStatus(KxAcad::eNoObject) : Acad::eOk;
 }
 
+// Any spelling of the path finds the drawing: relative ones, and those with other separators.
 AcApDocument* GetAcApDocument(const wchar_t* path)
 {
+    if (path == nullptr)
+        return nullptr;
+    const DWORD kLongest = 1024;
+    wchar_t full[kLongest] = L"";
+    const DWORD length = GetFullPathNameW(path, kLongest, full, nullptr);
+    const wchar_t* wanted = length == 0 || length >= kLongest ? path : full;
     const std::unique_ptr<AcApDocumentIterator> it(acDocManager->newAcApDocumentIterator());
     for (; it != nullptr && !it->done(); it->step()) {
         AcApDocument* document = it->document();
         const ACHAR* name = document->fileName();
-        if (name != nullptr && CString(name).CompareNoCase(path) == 0)
+        if (name != nullptr && CString(name).CompareNoCase(wanted) == 0)
             return document;
     }
     return nullptr;

@@ -1,6 +1,7 @@
 #include "ed/Session.h"
 #include "KxArxBase/DbFiles.h"
 #include "KxArxBase/DbGeometry.h"
+#include "KxArxBase/Env.h"
 #include "KxArxBase/KxAcDb.h"
 #include "KxArxBase/Opened.h"
 #include "TestUi.h"
@@ -39,6 +40,15 @@ protected:
 
     TestUi ui;
     KxPlat::Session session;
+    // The same drawing as DWG.
+    std::wstring Dwg(const char* name) const
+    {
+        std::wstring drawing = KxPlat::DrivePath(folder + "/" + name);
+        AcDbDatabase read(false, true);
+        EXPECT_EQ(read.readDwgFile(file.c_str()), Acad::eOk);
+        EXPECT_EQ(read.saveAs(drawing.c_str(), false, AcDb::kDHL_1015), Acad::eOk);
+        return drawing;
+    }
     std::string folder, path;
     std::wstring file;
     int calls = 0;
@@ -56,6 +66,39 @@ TEST_F(Files, AreReadChangedAndSavedWithABackup)
     EXPECT_TRUE(fs::exists(folder + "/house.bak"));
     EXPECT_NE(Db::OpenAcDbFileDoFun(L"Z:\\none.dxf", &calls, AddLayer, 0, nullptr), Acad::eOk);
     EXPECT_EQ(calls, 1);
+}
+
+TEST_F(Files, OfTheBinaryKindAreSavedInTheirVersion)
+{
+    const std::wstring drawing = Dwg("house.dwg");
+    EXPECT_EQ(int(Env::GetSaveFormatVersion(drawing.c_str())), 12);
+    EXPECT_EQ(Db::OpenAcDbFileDoFun(drawing.c_str(), &calls, AddLayer, 0, nullptr), Acad::eOk);
+    EXPECT_EQ(calls, 1);
+    EXPECT_TRUE(HasNewLayer(drawing));
+    EXPECT_EQ(int(Env::GetSaveFormatVersion(drawing.c_str())), 48);   // AC1024
+    const std::wstring backup = KxPlat::DrivePath(folder + "/house.bak");
+    EXPECT_EQ(int(Env::GetSaveFormatVersion(backup.c_str())), 12);   // as it was
+    EXPECT_EQ(Db::OpenAcDbFileDoFun(drawing.c_str(), nullptr, nullptr, 0, nullptr), Acad::eOk);
+
+    const std::wstring made = KxPlat::DrivePath(folder + "/made.dwg");
+    EXPECT_EQ(Db::NewAcDbFileDoFun(made.c_str(), &calls, AddLayer, 0, nullptr), Acad::eOk);
+    EXPECT_TRUE(HasNewLayer(made));
+    EXPECT_EQ(int(Env::GetSaveFormatVersion(made.c_str())), 48);
+}
+
+TEST_F(Files, OfTheBinaryKindOpenAsDocuments)
+{
+    const std::wstring drawing = Dwg("house.dwg");
+    EXPECT_EQ(Db::OpenAcDbFileDoFun(drawing.c_str(), &calls, AddLayer, 1, L"(setq sent 7) "), Acad::eKeyNotFound);
+    ASSERT_EQ(acDocManager->documentCount(), 1);
+    EXPECT_TRUE(CKxAcDb(acDocManager->curDocument()->database(), 0).IsHasLayer(L"新层"));
+    EXPECT_FALSE(HasNewLayer(drawing));        // nobody has saved it yet
+    session.Run(L"(setq sent (1+ sent))\n");   // what was sent comes first
+    resbuf* value = nullptr;
+    ASSERT_EQ(acedGetSym(L"SENT", &value), RTNORM);
+    ASSERT_NE(value, nullptr);
+    EXPECT_EQ(value->resval.rint, 8);
+    acutRelRb(value);
 }
 
 TEST_F(Files, AreMadeAnew)

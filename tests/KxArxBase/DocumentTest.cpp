@@ -1,9 +1,11 @@
 #include "ed/Session.h"
 #include "KxArxBase/DocumentLock.h"
+#include "KxArxBase/Env.h"
 #include "KxArxBase/GiPick.h"
 #include "KxArxBase/KxAcDb.h"
 #include "TestUi.h"
 #include "win/Files.h"
+#include <algorithm>
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <memory>
@@ -79,7 +81,11 @@ TEST_F(Documents, AreFoundByTheirFile)
 {
     EXPECT_EQ(Gi::GetAcApDocument(Data("house_r2007.dxf").c_str()), document);
     EXPECT_EQ(Gi::GetAcApDocument(Data("HOUSE_R2007.DXF").c_str()), document);
+    std::wstring slashes = Data("house_r2007.dxf");
+    std::replace(slashes.begin(), slashes.end(), L'\\', L'/');
+    EXPECT_EQ(Gi::GetAcApDocument(slashes.c_str()), document);
     EXPECT_EQ(Gi::GetAcApDocument(Data("house_r2010.dxf").c_str()), nullptr);
+    EXPECT_EQ(Gi::GetAcApDocument(nullptr), nullptr);
     CKxAcDb db;
     CString folder, name, extension;
     ASSERT_EQ(db.GetAcDbFileName(&folder, &name, &extension), Acad::eOk);
@@ -114,6 +120,35 @@ TEST_F(Documents, AFileIsReadByItsExtension)
     EXPECT_EQ(none, nullptr);
 }
 
+TEST_F(Documents, BinaryFilesComeBackInTheirVersion)
+{
+    struct Row {
+        int format;   // as a file's header tells it
+        AcDb::AcDbDwgVersion version;
+    };
+    static const Row rows[] = {{12, AcDb::kDHL_1015}, {48, AcDb::kDHL_1024}};
+    CKxAcDb db;
+    CStringArray names;
+    ASSERT_EQ(db.GetRecsName(AcDbLayerTable::desc(), names), Acad::eOk);
+    const std::string path = testing::TempDir() + "kx-saved.dwg";
+    const std::wstring drive = KxPlat::DrivePath(path);
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.format);
+        ASSERT_EQ(db.SaveAcDbToFile(drive.c_str(), AcApDocument::SaveFormat(row.format), 0), Acad::eOk);
+        EXPECT_EQ(int(Env::GetSaveFormatVersion(drive.c_str())), row.format);
+        AcDbDatabase* read = nullptr;
+        ASSERT_EQ(db.ReadFileToNewDb(drive.c_str(), read), Acad::eOk);
+        const std::unique_ptr<AcDbDatabase> owner(read);
+        EXPECT_EQ(read->originalFileVersion(), row.version);
+        CStringArray again;
+        CKxAcDb(read, 0).GetRecsName(AcDbLayerTable::desc(), again);
+        ASSERT_EQ(again.GetSize(), names.GetSize());
+        for (INT_PTR i = 0; i < names.GetSize(); ++i)
+            EXPECT_STREQ(again.GetAt(i), names.GetAt(i));
+    }
+    std::remove(path.c_str());
+}
+
 TEST_F(Documents, ABlockOfAFileComesInUnderANewName)
 {
     CKxAcDb db;
@@ -136,5 +171,14 @@ TEST_F(Documents, ABlockOfAFileComesInUnderANewName)
     ASSERT_EQ(db.BlockTableGetEntityIds(clones, L"新块"), Acad::eOk);
     EXPECT_EQ(clones.length(), entities.length());
     EXPECT_EQ(db.InsertBlockFromFile(Data("house_r2007.dxf").c_str(), L"没有", nullptr), Acad::eKeyNotFound);
+
+    const std::string path = testing::TempDir() + "kx-block.dwg";
+    const std::wstring drive = KxPlat::DrivePath(path);
+    ASSERT_EQ(source.SaveAcDbToFile(drive.c_str(), AcApDocument::SaveFormat(48), 0), Acad::eOk);
+    ASSERT_EQ(db.InsertBlockFromFile(drive.c_str(), block, L"自DWG"), Acad::eOk);
+    clones.setLogicalLength(0);
+    ASSERT_EQ(db.BlockTableGetEntityIds(clones, L"自DWG"), Acad::eOk);
+    EXPECT_EQ(clones.length(), entities.length());
+    std::remove(path.c_str());
     EXPECT_NE(db.InsertBlockFromFile(L"Z:\\没有\\没有.dxf", L"没有", nullptr), Acad::eOk);
 }
