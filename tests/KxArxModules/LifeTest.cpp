@@ -11,6 +11,8 @@
 #include "win/Files.h"
 #include "win/Modules.h"
 #include "win/OwnVersion.h"
+#include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -163,4 +165,58 @@ TEST_F(LifeOn182, TipsAreSwitchedOffAtStart)
 {
     ASSERT_TRUE(Load());
     EXPECT_EQ(TipsVariable(), 0);
+}
+
+TEST_F(Life, LibrariesOfTheHostAreHeldWhereTheyAreFound)
+{
+    const std::string folder = testing::TempDir() + "kx-host-libraries";
+    std::filesystem::create_directories(folder);
+    std::filesystem::copy_file(KX_BIN "/probe/KxLower.arx", folder + "/acadbtn.xmx",
+                               std::filesystem::copy_options::overwrite_existing);
+    const std::wstring library = KxPlat::DrivePath(folder + "/acadbtn.xmx");
+    ::setenv("KX_SUPPORT_PATH", folder.c_str(), 1);
+    EXPECT_EQ(GetModuleHandleW(library.c_str()), nullptr);
+    ASSERT_TRUE(Load());
+    EXPECT_NE(GetModuleHandleW(library.c_str()), nullptr);
+    ASSERT_TRUE(Unload());
+    EXPECT_EQ(GetModuleHandleW(library.c_str()), nullptr);
+    ::unsetenv("KX_SUPPORT_PATH");
+    std::filesystem::remove_all(folder);
+}
+
+TEST_F(Life, SomeKeysAndDoubleClicksAreTraced)
+{
+    using Hook = int (*)(void* hook, const MSG* message);
+    static const struct {
+        UINT message;
+        WPARAM key;
+        const wchar_t* line;   // null: passed over
+    } rows[] = {
+        {0, 7, L"\n ...HWND: 0 Msg: 0 WPARAM: 7 LPARAM: -2 ..."},
+        {256, 35, L"\n ...HWND: 0 Msg: 100 WPARAM: 35 LPARAM: -2 ..."},
+        {256, 36, L"\n ...HWND: 0 Msg: 100 WPARAM: 36 LPARAM: -2 ..."},
+        {256, 37, L"\n ...HWND: 0 Msg: 100 WPARAM: 37 LPARAM: -2 ..."},
+        {256, 38, nullptr},   // the arrow up
+        {256, 39, L"\n ...HWND: 0 Msg: 100 WPARAM: 39 LPARAM: -2 ..."},
+        {256, 65, L"\n ...HWND: 0 Msg: 100 WPARAM: 65 LPARAM: -2 ..."},
+        {256, 66, nullptr},
+        {257, 65, nullptr},   // a key let go
+        {513, 0, nullptr},
+        {515, 1, L"\n ...HWND: 0 Msg: 203 WPARAM: 1 LPARAM: -2 ..."},
+        {521, 1, L"\n ...HWND: 0 Msg: 209 WPARAM: 1 LPARAM: -2 ..."},
+    };
+    ASSERT_TRUE(Load());
+    const auto hook = reinterpret_cast<Hook>(
+        GetProcAddress(GetModuleHandleW(g_module.c_str()), "_ZN12KxArxModules15KxCadBaseModule6DoHookEPvPK6tagMSG"));
+    ASSERT_NE(hook, nullptr);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::to_string(row.message) + " " + std::to_string(row.key));
+        MSG message = {};
+        message.message = row.message;
+        message.wParam = row.key;
+        message.lParam = -2;
+        ui.TakePrinted();
+        EXPECT_EQ(hook(nullptr, &message), row.line != nullptr ? 1 : 0);
+        EXPECT_EQ(ui.TakePrinted(), row.line != nullptr ? row.line : L"");
+    }
 }
