@@ -35,6 +35,7 @@ char** Complete(const char* typed, int, int)
     if (found.empty())
         return nullptr;
     std::vector<std::wstring> texts;
+    texts.reserve(found.size());
     for (const std::string& text : found)
         texts.push_back(KxPlat::FromUtf8(text));
     // What was typed may have more than they share: blanks and prefixes that mean nothing.

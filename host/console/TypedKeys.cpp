@@ -34,7 +34,7 @@ std::wstring TypedSoFar()
 {
     rl_insert_text(" ");
     char* typed = rl_copy_text(0, INT_MAX / 2);
-    const std::wstring text = KxPlat::FromUtf8(typed != nullptr ? typed : "");
+    std::wstring text = KxPlat::FromUtf8(typed != nullptr ? typed : "");
     std::free(typed);
     return text;
 }

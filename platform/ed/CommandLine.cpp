@@ -9,6 +9,7 @@
 #include "Session.h"
 #include "SetVariable.h"
 #include <algorithm>
+#include <utility>
 
 namespace KxPlat {
 
@@ -110,7 +111,7 @@ void CommandLine::TakeQueue()
 {
     if (!m_session.state().running.empty() || OpenDocuments().empty())
         return;
-    const std::vector<AcApDocument*> documents = OpenDocuments();
+    const std::vector<AcApDocument*>& documents = OpenDocuments();
     AcApDocument* from = acDocManager->curDocument();
     for (AcApDocument* document : documents) {
         if (!StateOf(*from).queue.empty())
@@ -158,7 +159,7 @@ bool CommandLine::RunText(const InputPiece& piece)
 
 bool CommandLine::Run(std::wstring text, const InputPiece& from)
 {
-    const TypedName typed = Stripped(text);
+    const TypedName typed = Stripped(std::move(text));
     AcApDocument* document = acDocManager->curDocument();
     const Target target = Lookup(typed);
     if (AcEdCommand* command = target.command) {

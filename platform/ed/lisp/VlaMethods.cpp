@@ -90,7 +90,7 @@ Value Mirror(Interpreter& lisp, const Arguments& arguments)
     const AcGeVector3d normal = (to - from).crossProduct(AcGeVector3d::kZAxis);
     if (normal.isZeroLength())
         Refused(L"Invalid mirror line");
-    const Value copy = Copy(lisp, {arguments.first, 1});
+    Value copy = Copy(lisp, {arguments.first, 1});
     Transform(copy, AcGeMatrix3d::mirroring(AcGePlane(from, normal)));
     return copy;
 }
