@@ -58,6 +58,9 @@ class Pipe(Hosts):
 class Terminal(Hosts):
     def setUp(self):
         super().setUp()
+        self.begin_at_terminal()
+
+    def begin_at_terminal(self):
         self.main, other = pty.openpty()
         self.host = subprocess.Popen([kxcad.program(), "--no-module"], stdin=other, stdout=other, stderr=other, cwd=self.folder,
                                      env={**self.environment, "TERM": "xterm"}, start_new_session=True)
@@ -96,6 +99,19 @@ class Terminal(Hosts):
         """Types once the prompt is there: a key that comes before is lost."""
         self.wait_until(prompt)
         self.type(text)
+
+    def test_history_outlives_the_session(self):
+        self.type("(setq kx-first 11)\r")
+        self.answer("Command: ", "LTSCALE\r")
+        self.answer("LTSCALE", "2.5\r")
+        self.answer("Command: ", "QUIT\r")
+        self.answer("discard all changes", "Y\r")
+        wait_for("the end of the host", lambda: self.host.poll() is not None)
+        self.begin_at_terminal()
+        self.type("\x1b[A" * 5 + "\r")   # up to the first
+        self.wait_until("(setq kx-first 11)")
+        self.answer("Command: ", "(princ (strcat \"is \" (itoa kx-first)))\r")
+        self.wait_until("is 11")
 
     def test_tab_completes_what_the_prompt_takes(self):
         self.type("-lay\t\r")
