@@ -171,7 +171,9 @@ QWidget* QtWindows::Panel(HWND handle)
     const NativeWindow* window = FindWindowOf(handle);
     if (window == nullptr || window->dialog == nullptr || m_dialogs.count(window->dialog) != 0)
         return nullptr;
-    QWidget* parent = window->IsChild() ? Make(window->parent) : &m_main;
+    QWidget* parent = &m_main;
+    if (window->IsChild())
+        parent = Make(window->parent);
     if (parent == nullptr)
         return nullptr;
     QWidget* panel = NewModelPanel(*parent, *window->dialog, *this, window->IsChild());
