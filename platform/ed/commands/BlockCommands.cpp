@@ -275,9 +275,10 @@ void BlockCommand()
     picked.Change([](AcDbEntity& entity) { entity.erase(); });
 }
 
+// A program's call is done with the first objects given: it says no Enter behind them.
 void ExplodeCommand()
 {
-    const Picked picked;
+    const Picked picked(AnsweredByProgram() ? L":S" : nullptr);
     int failed = 0;
     for (const AcDbObjectId id : picked.Ids())
         failed += !Explode(id);

@@ -13,7 +13,7 @@ namespace KxPlat {
 // The objects that a command asks for, or that were picked before it. The set is freed on every way out.
 class Picked {
 public:
-    Picked() { m_result = acedSSGet(nullptr, nullptr, nullptr, nullptr, m_set); }
+    explicit Picked(const ACHAR* mode = nullptr) { m_result = acedSSGet(mode, nullptr, nullptr, nullptr, m_set); }
     ~Picked();
     Picked(const Picked&) = delete;
     bool isEmpty() const { return m_result != RTNORM; }

@@ -13,6 +13,7 @@
 #include "HostValues.h"
 #include "Interpreter.h"
 #include "Printer.h"
+#include <algorithm>
 #include <cmath>
 
 namespace KxPlat::Lisp {
@@ -202,26 +203,72 @@ Value WithGroup(const Value& groups, int code, const Value& value)
 }
 
 // What is measured or told, and cannot be set.
+// Of a polyline all coordinates in one list: two for each vertex of a flat one, else three.
+Value CoordinatesOf(const AcDbCurve& curve, bool isFlat)
+{
+    double end = 0;
+    if (curve.getEndParam(end) != Acad::eOk)
+        return {};
+    const int count = int(std::lround(end)) + (curve.isClosed() ? 0 : 1);
+    ListBuilder list;
+    for (int i = 0; i < count; ++i) {
+        AcGePoint3d point;
+        if (curve.getPointAtParam(i, point) != Acad::eOk)
+            return {};
+        list.Add(Value(point.x));
+        list.Add(Value(point.y));
+        if (!isFlat)
+            list.Add(Value(point.z));
+    }
+    return list.Take();
+}
+
+Value AreaOf(const AcDbCurve& curve)
+{
+    double area = 0;
+    return curve.getArea(area) == Acad::eOk ? Value(area) : Value();
+}
+
+Value LengthOf(const AcDbCurve& curve)
+{
+    double end = 0, length = 0;
+    return curve.getEndParam(end) == Acad::eOk && curve.getDistAtParam(end, length) == Acad::eOk ? Value(length)
+                                                                                                 : Value();
+}
+
+struct MeasuredRow {
+    const wchar_t* classes;
+    const wchar_t* name;
+    Value (*measure)(const AcDbCurve& curve);
+};
+
+const MeasuredRow g_measured[] = {
+    {L"*", L"Area", AreaOf},
+    {L"LINE,LWPOLYLINE,POLYLINE", L"Length", LengthOf},
+    {L"ARC", L"ArcLength", LengthOf},
+    {L"CIRCLE", L"Circumference", LengthOf},
+    {L"LWPOLYLINE", L"Coordinates", [](const AcDbCurve& curve) { return CoordinatesOf(curve, true); }},
+    {L"POLYLINE", L"Coordinates", [](const AcDbCurve& curve) { return CoordinatesOf(curve, false); }},
+};
+
+const wchar_t kClassProperty[] = L"ObjectName";
+
 Value Measured(const Value& object, std::wstring_view name)
 {
     const AcDbStub* stub = VlaObjectOf(object).id();
     if (stub == nullptr || stub->object == nullptr)
         return {};
-    if (EqualNoCase(name, L"ObjectName"))
+    if (EqualNoCase(name, kClassProperty))
         return Value(stub->object->isA()->name());
     const AcDbCurve* curve = AcDbCurve::cast(stub->object);
-    double area = 0;
-    if (curve != nullptr && EqualNoCase(name, L"Area") && curve->getArea(area) == Acad::eOk)
-        return Value(area);
-    AcGePoint3d from, to;
-    if (curve != nullptr && EqualNoCase(name, L"Length") &&
-        stub->object->isA()->name() == std::wstring_view(L"AcDbLine") && curve->getStartPoint(from) == Acad::eOk &&
-        curve->getEndPoint(to) == Acad::eOk)
-        return Value(from.distanceTo(to));
+    const wchar_t* className = stub->object->isA()->dxfName();
+    for (const MeasuredRow& row : g_measured) {
+        if (curve != nullptr && className != nullptr && EqualNoCase(name, row.name) &&
+            WildcardMatch(className, row.classes))
+            return row.measure(*curve);
+    }
     return {};
 }
-
-const wchar_t* const g_measured[] = {L"ObjectName", L"Area", L"Length"};
 
 // Of the application and its document: other things.
 struct ThingRow {
@@ -248,7 +295,16 @@ Value ThingOf(const VlaObject& object, std::wstring_view name)
         if (object.thing() == row.of && EqualNoCase(name, row.name))
             return new VlaObject(std::wstring(row.thing));
     }
-    return {};
+    const AcApDocument* document = acDocManager->curDocument();
+    if (object.thing() != L"Document" || document == nullptr)
+        return {};
+    if (EqualNoCase(name, L"Name"))
+        return Value(document->docTitle());
+    const std::wstring path = document->fileName();
+    if (EqualNoCase(name, L"FullName"))
+        return Value(path);
+    return EqualNoCase(name, L"Path") ? Value(path.substr(0, std::min(path.find_last_of(L"\\/"), path.size())))
+                                      : Value();
 }
 
 class Getter : public CallableCell {
@@ -367,7 +423,9 @@ void AddPropertyFunctions(Interpreter& lisp)
     };
     for (const PropertyRow& row : g_properties)
         add(row.name, row.how != How::ReadOnly);
-    for (const wchar_t* name : g_measured)
+    for (const MeasuredRow& row : g_measured)
+        add(row.name, false);
+    for (const wchar_t* name : {kClassProperty, L"FullName", L"Path"})
         add(name, false);
     for (const ThingRow& row : g_things)
         add(row.name, false);

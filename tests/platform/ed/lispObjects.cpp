@@ -72,6 +72,42 @@ TEST(LispObjects, MethodsDrawAndMove)
     Check(lisp, rows);
 }
 
+TEST(LispObjects, PolylinesTellTheirCoordinates)
+{
+    static const LispRow rows[] = {
+        {L"(setq m (vla-get-modelspace (vla-get-activedocument (vlax-get-acad-object)))"
+         L" p (vla-addlightweightpolyline m '(0 0 3 0 3 4)))"
+         L"(vlax-safearray->list (vlax-variant-value (vla-get-coordinates p)))",
+         L"(0.0 0.0 3.0 0.0 3.0 4.0)"},
+        {L"(list (vla-get-length p) (progn (vla-put-closed p :vlax-true) (vla-get-length p)) (vla-get-area p))",
+         L"(7.0 12.0 6.0)"},
+        {L"(length (vla-get-coordinates p))", L"6"},   // the first point is not told twice
+        {L"(entmake '((0 . \"POLYLINE\") (66 . 1) (70 . 8))) (entmake '((0 . \"VERTEX\") (10 1 2 3) (70 . 32)))"
+         L"(entmake '((0 . \"VERTEX\") (10 4 5 6) (70 . 32))) (entmake '((0 . \"SEQEND\")))"
+         L"(vla-get-coordinates (vlax-ename->vla-object (entlast)))",
+         L"(1.0 2.0 3.0 4.0 5.0 6.0)"},
+        {L"(rtos (vla-get-circumference (vla-addcircle m '(0 0 0) 1)) 2 4)", L"\"6.2832\""},
+        {L"(rtos (vla-get-arclength (vla-addarc m '(0 0 0) 1 0 pi)) 2 4)", L"\"3.1416\""},
+        {L"(vla-get-arclength p)", L"\n; error: Automation Error. Unknown name ARCLENGTH"},
+        {L"(vla-get-coordinates (vla-addpoint m '(7 8 9)))", L"(7.0 8.0 9.0)"},
+        {L"(setq d (vla-get-activedocument (vlax-get-acad-object))) (vla-get-name d)", L"\"Drawing1.dwg\""},
+    };
+    LispSession lisp;
+    lisp(L"(setvar \"DIMZIN\" 0)");
+    Check(lisp, rows);
+}
+
+// EXPLODE asks a program for one answer, as programs expect.
+TEST(LispObjects, ExplodingNeedsNoEnter)
+{
+    LispSession lisp;
+    lisp.Typed(L"LINE\n1,1\n2,1\n\n-BLOCK\nUnit\n1,1\nL\n\n");
+    lisp.Typed(
+        L"(command \"_.-INSERT\" \"Unit\" \"10,10\" 1 1 0)\n(command \"_.EXPLODE\" (entlast))\n(setq kx-after 5)\n");
+    EXPECT_EQ(lisp(L"(list kx-after (cdr (assoc 0 (entget (entlast)))) (cdr (assoc 10 (entget (entlast)))))"),
+              L"(5 \"LINE\" (10.0 10.0 0.0))");
+}
+
 TEST(LispMeasures, TextsAndUnits)
 {
     static const LispRow rows[] = {
