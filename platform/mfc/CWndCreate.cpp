@@ -4,6 +4,7 @@
 #include "../ui/WindowQueue.h"
 #include "CWnd.h"
 #include "DialogWindows.h"
+#include "Escaped.h"
 #include "WindowObjects.h"
 #include <algorithm>
 #include <map>
@@ -21,7 +22,8 @@ LRESULT CALLBACK WindowObjects::Procedure(HWND window, UINT message, WPARAM wPar
     CWnd* object = CWnd::FromHandlePermanent(window);
     if (object == nullptr)
         return ::DefWindowProcW(window, message, wParam, lParam);
-    return object->Handle(message, wParam, lParam);
+    // Whoever sent the message goes on: the host's loop, or other code of the module.
+    return Guarded(L"a window", LRESULT(0), [&] { return object->Handle(message, wParam, lParam); });
 }
 
 void WindowObjects::Tie(NativeWindow& window, CWnd& object)

@@ -13,6 +13,7 @@
 #include "win/TopWindows.h"
 #include <functional>
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <thread>
 
 namespace {
@@ -313,6 +314,23 @@ TEST(Windows, MessagesWaitAndFiltersSeeThemFirst)
     KxPlat::PumpWindows();
     EXPECT_TRUE(filtered.empty()) << "messages to a window that is gone are gone";
     KxPlat::RemoveMessageFilter(filter);
+}
+
+TEST(Windows, AHandlerThatThrowsIsToldAndTheWindowLives)
+{
+    KxPlat::ScriptedUi ui;
+    KxPlat::SetUi(&ui);
+    TwoWindows windows;
+    windows.child.paints = [](CDC&) { throw std::runtime_error("no ink"); };
+    KxPlat::PumpWindows();
+    EXPECT_EQ(ui.complained, L"a window: no ink\n");
+    windows.child.paints = nullptr;
+    windows.child.Take();
+    windows.child.Invalidate();
+    KxPlat::PumpWindows();
+    EXPECT_EQ(windows.child.Take(), "paint ");
+    EXPECT_EQ(windows.child.SendMessage(WM_APP + 5, 2, 1), 21);
+    KxPlat::SetUi(nullptr);
 }
 
 TEST(Windows, TimersComeWhenTheyAreDue)
