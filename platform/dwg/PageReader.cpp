@@ -68,7 +68,7 @@ private:
 bool PageReader::ReadHead(FileHead& head)
 {
     bool isSumRight = false;
-    if (ReadFileHead(m_file.substr(kFileHeadAt), head, isSumRight) && isSumRight)
+    if (m_file.size() > kFileHeadAt && ReadFileHead(m_file.substr(kFileHeadAt), head, isSumRight) && isSumRight)
         return true;
     m_report.Mend("the file's header is damaged");
     FileHead copy;
@@ -185,7 +185,8 @@ uint64_t PageReader::AddressOf(const SectionRow& row, const PageOfSection& page)
 
 std::string_view PageReader::StoredBytes(const DataHead& head, uint64_t address) const
 {
-    return m_file.substr(address + kDataHeadSize, head.storedSize);
+    const uint64_t begin = std::min<uint64_t>(address + kDataHeadSize, m_file.size());
+    return m_file.substr(begin, head.storedSize);
 }
 
 bool PageReader::AppendPage(const SectionRow& row, const PageOfSection& page, std::string& out)

@@ -43,6 +43,14 @@ TEST_P(DamagedDwg, CutAnywhere)
     }
 }
 
+TEST_P(DamagedDwg, CutWithinItsFirstBytes)
+{
+    for (size_t size = 0; size < 0x180; ++size) {
+        SCOPED_TRACE(size);
+        Read(m_whole.substr(0, size));
+    }
+}
+
 // The maps of a paged file stand at its end; without them the pages that are left still give their objects.
 TEST_P(DamagedDwg, ACutEndCostsOnlyWhatStoodThere)
 {

@@ -2,6 +2,7 @@
 #include "db/AcDbDatabase.h"
 #include "EditorTest.h"
 #include "support/TempFolder.h"
+#include "win/Files.h"
 
 using namespace KxPlat;
 using KxTest::Editor;
@@ -58,6 +59,28 @@ TEST_F(DwgSession, AVersionThatCannotBeWrittenIsNamed)
     EXPECT_TRUE(isGood);
     EXPECT_NE(seen.find(L"The file has version 2010: version 2018 cannot be written."), std::wstring::npos);
     EXPECT_TRUE(folder.Read("new.dwg").starts_with("AC1024"));
+}
+
+TEST_F(DwgSession, WhatAVersionCannotHoldIsCounted)
+{
+    const struct {
+        const char* drawing;
+        const wchar_t* saved;
+        bool isLess;
+    } rows[] = {{"family_r2000.dwg", L"whole.dwg", false}, {"family_r2004.dwg", L"less.dwg", true}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.drawing);
+        const std::string path = std::string(KX_DRAWINGS) + "/" + row.drawing;
+        if (!std::filesystem::exists(path))
+            GTEST_SKIP() << path << " is not here";
+        Seen(L"OPEN\n" + DrivePath(path) + L"\n");
+        const std::wstring seen = Seen(L"SAVEAS 2000\n" + In(row.saved) + L"\n");
+        ASSERT_TRUE(isGood);
+        EXPECT_EQ(seen.find(L" objects that this version cannot hold were left out.") != std::wstring::npos,
+                  row.isLess);
+        Seen(L"OPEN\n" + In(row.saved) + L"\n");
+        EXPECT_TRUE(isGood);
+    }
 }
 
 TEST_F(DwgSession, TheFirstBytesTellWhatAFileIs)
