@@ -87,7 +87,7 @@ CString KxArxReference::GetlayerName(AcDbObjectId entity)
     if (!opened)
         return CString();
     ACHAR* text = opened->layer();
-    const CString name(text);
+    CString name(text);
     acutDelString(text);
     return name;
 }

@@ -13,7 +13,7 @@ namespace {
 // Takes a string over that the host made.
 CString Taken(ACHAR* text)
 {
-    const CString copy(text == nullptr ? L"" : text);
+    CString copy(text == nullptr ? L"" : text);
     acutDelString(text);
     return copy;
 }

@@ -110,7 +110,7 @@ Acad::ErrorStatus CKxAcDb::CutCurve(const AcDbObjectId& curve, const AcGePoint3d
         es = AddBeside(curve, part.get(), id);
         if (es != Acad::eOk)
             break;
-        part.release();
+        static_cast<void>(part.release());
         if (parts != nullptr)
             parts->append(id);
     }
@@ -340,7 +340,7 @@ Acad::ErrorStatus CKxAcDb::JoinCurves(const AcDbObjectIdArray& curves, AcDbObjec
     es = AddBeside(curves[0], whole.get(), id);
     if (es != Acad::eOk)
         return es;
-    whole.release();
+    static_cast<void>(whole.release());
     if (joined != nullptr)
         *joined = id;
     return EraseObjects(curves, 0);
@@ -364,7 +364,7 @@ Acad::ErrorStatus CKxAcDb::OffsetCurve(const AcDbObjectId& curve, double distanc
         es = AddBeside(curve, parallel.get(), id);
         if (es != Acad::eOk)
             break;
-        parallel.release();
+        static_cast<void>(parallel.release());
         if (parallels != nullptr)
             parallels->append(id);
     }

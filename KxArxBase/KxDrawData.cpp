@@ -13,7 +13,7 @@ namespace {
 
 CString Taken(ACHAR* text)
 {
-    const CString taken(text);
+    CString taken(text);
     acutDelString(text);
     return taken;
 }

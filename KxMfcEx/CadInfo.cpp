@@ -89,7 +89,7 @@ CString FindInOrAbove(const wchar_t* folders, const wchar_t* file)
         field += L'\\';
         for (int cut = field.ReverseFind(L'\\'); cut >= 0; cut = field.ReverseFind(L'\\')) {
             field = field.Left(cut);
-            const CString candidate = field + L"\\" + file;
+            CString candidate = field + L"\\" + file;
             CFileStatus status;
             if (CFile::GetStatus(candidate, status))
                 return candidate;

@@ -14,7 +14,7 @@ CString ProfilesPath(int release)
     const RegistryKey root(HKEY_CURRENT_USER, releasePath, KEY_READ);
     CString name;
     for (DWORD i = 0; root.KeyName(i, name); ++i) {
-        const CString path = releasePath + L"\\" + name + L"\\Profiles";
+        CString path = releasePath + L"\\" + name + L"\\Profiles";
         int flavour = -1;
         GetCADInfo(name, nullptr, &flavour, nullptr);
         if (flavour == kPlainCad && RegistryKey(HKEY_CURRENT_USER, path, KEY_READ).IsOpen())

@@ -13,7 +13,7 @@ namespace {
 // Takes over a string that the record made.
 CString Taken(ACHAR*& text)
 {
-    const CString copy(text);
+    CString copy(text);
     acutDelString(text);
     return copy;
 }

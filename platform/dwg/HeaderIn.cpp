@@ -124,7 +124,7 @@ CString StyleName(const DbCore& core, uint64_t handle)
     ACHAR* name = nullptr;
     if (styles == nullptr || style == nullptr || styles->nameAt(style, name) != Acad::eOk)
         return L"Standard";
-    const CString text(name);
+    CString text(name);
     acutDelString(name);
     return text;
 }

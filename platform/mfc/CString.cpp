@@ -305,7 +305,7 @@ CString CString::Tokenize(const wchar_t* separators, int& start) const
 {
     if (start >= 0 && start < GetLength()) {
         if (separators == nullptr || *separators == L'\0') {
-            const CString rest = Mid(start);
+            CString rest = Mid(start);
             start = GetLength();
             return rest;
         }

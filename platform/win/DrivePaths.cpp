@@ -57,7 +57,7 @@ std::string DriveRoot(wchar_t letter)
     letter = Lower(letter);
     if (letter == L'z')
         return "";
-    const std::string driveC = DriveC();
+    std::string driveC = DriveC();
     if (letter == L'c')
         return driveC;
     return driveC.substr(0, driveC.rfind('/') + 1) + "drive_" + static_cast<char>(letter);
@@ -133,7 +133,7 @@ std::wstring_view WithoutTail(std::wstring_view name)
 // The entry of `folder` that is meant by `name`, or `name` itself.
 std::string FoundName(const std::string& folder, const std::wstring& name)
 {
-    const std::string asSpelled = NameBytes(name);
+    std::string asSpelled = NameBytes(name);
     if (FileInfoOf(folder + asSpelled).exists)
         return asSpelled;
     const std::wstring_view plain = WithoutTail(name);
@@ -198,7 +198,7 @@ std::string HostPath(std::wstring_view path)
     if (path.empty())
         return "";
     if (path[0] == L'/') {
-        const std::string asSpelled = NameBytes(path);
+        std::string asSpelled = NameBytes(path);
         if (FileInfoOf(asSpelled).exists)
             return asSpelled;
         return Joined("/", Normalized(Components(path), true));

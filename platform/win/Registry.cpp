@@ -35,7 +35,7 @@ std::string MemoryBytes(DWORD type, const std::string& data)
 
 std::string FileBytes(DWORD type, const BYTE* data, DWORD size)
 {
-    const std::string bytes(reinterpret_cast<const char*>(data), size);
+    std::string bytes(reinterpret_cast<const char*>(data), size);
     if (!IsText(type))
         return bytes;
     std::wstring text(size / sizeof(wchar_t), L'\0');

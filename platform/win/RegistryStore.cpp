@@ -34,7 +34,7 @@ std::string Environment(const char* name)
 
 std::string ConfigurationFolder()
 {
-    const std::string wanted = Environment("XDG_CONFIG_HOME");
+    std::string wanted = Environment("XDG_CONFIG_HOME");
     if (!wanted.empty() && wanted[0] == '/')
         return wanted;
     const std::string home = Environment("HOME");

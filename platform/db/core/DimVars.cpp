@@ -109,7 +109,7 @@ std::wstring Formatted(const wchar_t* format, ...)
 {
     va_list arguments;
     va_start(arguments, format);
-    const std::wstring text = FormatV(format, arguments);
+    std::wstring text = FormatV(format, arguments);
     va_end(arguments);
     return text;
 }

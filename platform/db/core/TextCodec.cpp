@@ -140,7 +140,7 @@ CString TextCodec::SlowDecode(std::string_view bytes, bool& isPlain) const
     std::wstring wide = DecodeLossless(m_codePage, bytes);
     if (wide.find(L'\\') != wide.npos)
         wide = WithoutEscapes(wide);
-    const CString text(wide.c_str(), int(wide.size()));
+    CString text(wide.c_str(), int(wide.size()));
     isPlain = Encode(text) == bytes;
     return text;
 }

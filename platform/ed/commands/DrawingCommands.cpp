@@ -28,7 +28,7 @@ bool MayDiscard(const AcApDocument& document)
 std::wstring DrawingFile(const std::wstring& name)
 {
     for (const wchar_t* extension : {L"", L".dwg", L".dxf"}) {
-        const std::wstring found = FindSupportFile(name + extension);
+        std::wstring found = FindSupportFile(name + extension);
         if (!found.empty())
             return found;
     }

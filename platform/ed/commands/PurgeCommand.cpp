@@ -39,7 +39,7 @@ CString NameOf(const AcDbObject& record)
     const auto* style = AcDbTextStyleTableRecord::cast(&record);
     ACHAR* file = nullptr;
     if (style != nullptr && style->isShapeFile() && style->fileName(file) == Acad::eOk) {
-        const CString name = file;
+        CString name = file;
         acutDelString(file);
         return name;
     }

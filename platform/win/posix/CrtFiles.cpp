@@ -148,7 +148,7 @@ std::FILE* OpenText(int file, const Mode& mode)
     std::FILE* stream = fopencookie(text.get(), writesOnly ? "w" : mode.updates ? "r+" : "r", calls);
     if (stream == nullptr)
         return nullptr;
-    text.release();
+    static_cast<void>(text.release());
     if (!writesOnly)
         std::setvbuf(stream, nullptr, _IONBF, 0);
     return stream;

@@ -131,7 +131,7 @@ std::string ProgramFile(const std::wstring& name)
     }
     for (const std::wstring& place : places) {
         for (const wchar_t* extension : {L"", L".exe"}) {
-            const std::string path = KxPlat::HostPath(place + extension);
+            std::string path = KxPlat::HostPath(place + extension);
             if (IsThere(path))
                 return path;
         }

@@ -127,7 +127,7 @@ std::string ProgramFile()
 std::string RealPath(const std::string& path)
 {
     char* real = realpath(path.c_str(), nullptr);
-    const std::string result = real != nullptr ? real : "";
+    std::string result = real != nullptr ? real : "";
     std::free(real);
     return result;
 }
