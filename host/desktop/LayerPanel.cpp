@@ -36,6 +36,7 @@ LayerPanel::LayerPanel(QWidget* parent) : QDockWidget(parent)
     m_tree->setColumnCount(kColumns);
     m_tree->setIconSize(QSize(16, 16));
     m_tree->setFocusPolicy(Qt::ClickFocus);
+    m_tree->setSelectionMode(QAbstractItemView::NoSelection);
     m_tree->header()->setStretchLastSection(true);
     m_tree->header()->setMinimumSectionSize(26);
     m_tree->header()->setSectionsMovable(false);
