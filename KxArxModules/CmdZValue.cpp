@@ -4,6 +4,7 @@
 #include "KxArxBase/GiPick.h"
 #include "KxArxBase/KxMessages.h"
 #include "KxCadBaseModule.h"
+#include "WorkMeter.h"
 
 namespace KxArxModules {
 
@@ -24,11 +25,15 @@ void KxCadBaseModule::CmdZValueToZero()
         return;
     }
     int laid = 0, refused = 0;
-    for (const AcDbObjectId& id : ids) {
-        bool changed = false;
-        if (KxArxBase::Db::SetZValueToZero(id, changed) != Acad::eOk)
-            ++refused;
-        laid += changed ? 1 : 0;
+    {
+        WorkMeter meter(L"ZValueToZero", ids.length());
+        for (const AcDbObjectId& id : ids) {
+            meter.Step();
+            bool changed = false;
+            if (KxArxBase::Db::SetZValueToZero(id, changed) != Acad::eOk)
+                ++refused;
+            laid += changed ? 1 : 0;
+        }
     }
     MsgCmdInfo(L"\n %d 个对象的Z值已归零。", laid);
     if (refused > 0)

@@ -1,5 +1,6 @@
 #include "EntityLayers.h"
 #include "KxArxBase/Opened.h"
+#include "WorkMeter.h"
 #include <memory>
 
 namespace KxArxModules {
@@ -76,7 +77,9 @@ AcDbObjectIdArray EntitiesOnLayers(AcDbObjectId block, const LayerSet& layers)
 Moved MoveToLayer(const AcDbObjectIdArray& entities, AcDbObjectId layer)
 {
     Moved result;
+    WorkMeter meter(LayerName(layer), entities.length());
     for (const AcDbObjectId& id : entities) {
+        meter.Step();
         Opened<AcDbEntity> entity(id, AcDb::kForRead);
         if (!entity || entity->layerId() == layer)
             continue;

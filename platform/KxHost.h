@@ -148,3 +148,4 @@
 #include "ed/AcEdInputPointFilter.h"
 #include "ed/AcEdInputPointManager.h"
 #include "ed/AcEdJig.h"
+#include "ed/rxmfcapi.h"

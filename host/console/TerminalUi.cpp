@@ -38,6 +38,7 @@ void TerminalUi::Print(std::wstring_view text)
         text.remove_prefix(1);
     if (text.empty())
         return;
+    HideProgress();
     m_isFresh = false;
     const std::string bytes = ToUtf8(text);
     std::fwrite(bytes.data(), 1, bytes.size(), stdout);
@@ -156,10 +157,19 @@ void TerminalUi::Progress(std::wstring_view what, int percent)
 {
     if (!m_showsProgress)
         return;
+    HideProgress();
     if (percent < 0)
+        return;
+    std::fprintf(stderr, "%s %d%%", ToUtf8(what).c_str(), percent);
+    m_isProgressShown = true;
+}
+
+// It stands in the line where the next text goes.
+void TerminalUi::HideProgress()
+{
+    if (m_isProgressShown)
         std::fputs("\r\033[K", stderr);
-    else
-        std::fprintf(stderr, "\r%s %d%%", ToUtf8(what).c_str(), percent);
+    m_isProgressShown = false;
 }
 
 }   // namespace KxConsole

@@ -28,6 +28,7 @@ public:
     void EndLine();
 
 private:
+    void HideProgress();
     KxPlat::InputEvent Typed(const std::wstring& shown, const std::wstring& text);
 
     LineReader m_reader;
@@ -36,6 +37,7 @@ private:
     bool m_isLineOpen = false;
     bool m_isFresh = true;   // at the start of a line that nobody ended in vain
     bool m_showsProgress;
+    bool m_isProgressShown = false;
 };
 
 }   // namespace KxConsole

@@ -66,6 +66,8 @@ public:
         editor.running.pop_back();
         editor.module = m_outerModule;
         editor.rules = {};
+        if (editor.running.empty())
+            editor.meter.reset();
         if (!m_isInDocument || !IsOpen(m_document))
             return;
         DocumentState& state = StateOf(*m_document);

@@ -1,9 +1,11 @@
 // What the command line remembers between one call and the next. One per session.
 #pragma once
 #include "../rx/AdeskTypes.h"
+#include "../ui/Progress.h"
 #include "acedads.h"
 #include "SysVars.h"
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -37,6 +39,8 @@ struct EditorState {
     std::map<std::wstring, VarValue> variables;   // those of the process, by name in capitals
     std::vector<AcedFilterWinMsgFn> filters;
     std::vector<AcedWatchWinMsgFn> watches;
+    std::unique_ptr<Progress> meter;   // of a module, while one is shown
+    int64_t meterLeast = 0, meterAt = 0;
 
     int TransparentDepth() const;
 };

@@ -3,6 +3,7 @@
 #include "db/AcDbDatabase.h"
 #include "db/AcDbLayerTableRecord.h"
 #include "ed/AcEdCommandStack.h"
+#include "ed/rxmfcapi.h"
 #include "EditorTest.h"
 #include "mfc/CException.h"
 #include "rx/AcRxDictionary.h"
@@ -383,4 +384,19 @@ TEST_F(Editor, CommandsAreWalkedGroupByGroup)
     }
     EXPECT_TRUE(it->done());
     EXPECT_EQ(it->command(), nullptr);
+}
+
+TEST_F(Editor, TheMeterOfAModuleIsShownAndGoesWithTheCommand)
+{
+    EXPECT_EQ(acedSetStatusBarProgressMeter(L"Moving", 5, 5), -1);
+    EXPECT_EQ(acedSetStatusBarProgressMeterPos(1), -1);
+    EXPECT_EQ(acedSetStatusBarProgressMeter(L"Moving", 10, 30), 0);
+    EXPECT_EQ(acedSetStatusBarProgressMeterPos(15), 0);
+    EXPECT_EQ(acedSetStatusBarProgressMeterPos(-5), 0);   // on to 20
+    EXPECT_EQ(session->state().meterAt, 20);
+    acedRestoreStatusBar();
+    EXPECT_EQ(acedSetStatusBarProgressMeterPos(20), -1);
+    Add(L"FORGETMETER", L"FORGETMETER", 0, [] { acedSetStatusBarProgressMeter(L"Moving", 0, 9); });
+    Seen(L"FORGETMETER\n");
+    EXPECT_EQ(session->state().meter, nullptr);
 }
