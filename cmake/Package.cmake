@@ -8,7 +8,7 @@ set(headers ${CMAKE_INSTALL_INCLUDEDIR}/kxarxbase)
 set(config ${CMAKE_INSTALL_LIBDIR}/cmake/KxArxBase)
 set(parts ${CMAKE_INSTALL_DATADIR}/kxarxbase)
 
-foreach(target kxcad kxlaunch kxplatform KxArxBase)
+foreach(target kxcad kxlaunch kxplatform kxdesktop KxArxBase)
   if(TARGET ${target})
     set_target_properties(${target} PROPERTIES INSTALL_RPATH "\$ORIGIN")
     install(TARGETS ${target} RUNTIME DESTINATION ${programs} LIBRARY DESTINATION ${programs})
