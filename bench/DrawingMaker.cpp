@@ -312,11 +312,16 @@ private:
     {
         StartEntity(type, m_next++, kModelRecord, LayerName(m_random.Below(m_size.layers + 1)));
     }
-    double Coordinate() { return m_random.Real(100'000.0); }
+    // Along an axis; entities of a small reach lie around a place of their own.
+    double Coordinate(int axis)
+    {
+        return m_size.reach > 0 ? m_place[axis] + m_random.Real(m_size.reach) : m_random.Real(100'000.0);
+    }
+    double Radius() { return 1.0 + m_random.Real(m_size.reach > 0 ? m_size.reach / 2 : 500.0); }
     void RandomPoint(int code)
     {
-        const double x = Coordinate();
-        const double y = Coordinate();
+        const double x = Coordinate(0);
+        const double y = Coordinate(1);
         m_out.Point(code, x, y, m_random.Real(10.0));
     }
 
@@ -334,8 +339,8 @@ private:
         m_out.Int(90, 8);
         m_out.Int(70, 1);
         for (int vertex = 0; vertex < 8; ++vertex) {
-            m_out.Real(10, Coordinate());
-            m_out.Real(20, Coordinate());
+            m_out.Real(10, Coordinate(0));
+            m_out.Real(20, Coordinate(1));
         }
     }
     void Circle()
@@ -343,14 +348,14 @@ private:
         StartEntity("CIRCLE");
         m_out.Text(100, "AcDbCircle");
         RandomPoint(10);
-        m_out.Real(40, 1.0 + m_random.Real(500.0));
+        m_out.Real(40, Radius());
     }
     void Arc()
     {
         StartEntity("ARC");
         m_out.Text(100, "AcDbCircle");
         RandomPoint(10);
-        m_out.Real(40, 1.0 + m_random.Real(500.0));
+        m_out.Real(40, Radius());
         m_out.Text(100, "AcDbArc");
         m_out.Real(50, m_random.Real(360.0));
         m_out.Real(51, m_random.Real(360.0));
@@ -367,6 +372,9 @@ private:
     // Of ten entities in a row, five are lines and so on, in a mixed order.
     void Entity(std::int64_t index)
     {
+        for (double& place : m_place)
+            if (m_size.reach > 0)
+                place = m_random.Real(100'000.0);
         static constexpr std::string_view kMix = "LPLCLPLALT";
         switch (kMix[static_cast<std::size_t>(index % 10)]) {
         case 'L':
@@ -421,6 +429,7 @@ private:
     GroupWriter m_out;
     DrawingSize m_size;
     Random m_random;
+    double m_place[2] = {0, 0};   // of the entity, lower left
     std::uint64_t m_next = kFirstFree;
     std::uint64_t m_firstBlock = 0;
 };

@@ -9,6 +9,7 @@ struct DrawingSize {
     std::int64_t entities = 1'000'000;   // half LINE, a fifth LWPOLYLINE of 8 vertices, a tenth each CIRCLE, ARC, TEXT
     std::int64_t layers = 2'000;         // besides layer 0; entities are spread over all of them
     std::int64_t blocks = 0;             // that nothing inserts, each with a line on a layer of its own
+    double reach = 0;                    // how far an entity goes, in units of a sheet of 100,000; 0: all over it
 };
 
 // Returns the count of bytes written, or -1 when the file cannot be written.

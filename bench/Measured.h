@@ -7,8 +7,9 @@
 
 namespace KxBench {
 
-// The folder of drawings that run.py prepared: all.dxf, tenth.dxf (a tenth of its entities), layers.dxf (100,000
-// layers), unused.dxf (100,000 layers and blocks that nothing uses), unused-tenth.dxf (a tenth of them).
+// The folder of drawings that run.py prepared: all.dxf, tenth.dxf (a tenth of its entities), plan.dxf (as many as
+// all.dxf, each of a small reach), layers.dxf (100,000 layers), unused.dxf (100,000 layers and blocks that nothing
+// uses), unused-tenth.dxf (a tenth of them).
 inline std::string Prepared(const char* name)
 {
     const char* folder = std::getenv("KX_BENCH_DIR");

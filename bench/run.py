@@ -9,14 +9,15 @@ from pathlib import Path
 
 LAYERS = 2000
 MANY_LAYERS = 100_000
+REACH = 200   # of entities of a plan, in units of a sheet of 100,000: a few pixels, when all of it is seen
 
 
-def prepared(folder, maker, name, entities, layers, blocks=0):
+def prepared(folder, maker, name, entities, layers, blocks=0, reach=0):
     """Makes a drawing unless it is there in this size."""
     path, note = folder / name, folder / f"{name}.size"
-    size = f"{entities} {layers} {blocks} {maker.stat().st_mtime_ns}"
+    size = f"{entities} {layers} {blocks} {reach} {maker.stat().st_mtime_ns}"
     if not (path.exists() and note.exists() and note.read_text() == size):
-        subprocess.run([maker, str(entities), str(layers), path, str(blocks)], check=True, stdout=sys.stderr)
+        subprocess.run([maker, str(entities), str(layers), path, str(blocks), str(reach)], check=True, stdout=sys.stderr)
         note.write_text(size)
     return path
 
@@ -70,6 +71,18 @@ def print_interpreters(rows):
             print(f"{what:<52}{rows[name]['items_per_second']:14,.0f}")
 
 
+def print_frames(rows):
+    """Frames per second of a window of 1600 by 1000 pixels that shows the plan."""
+    print(f"\n{'1600 x 1000 pixels, wireframe':<52}{'per second':>14}{'goal':>8}")
+    for what, name, goal in [("pan", "PanFrames", 30), ("zoom, sketched while it moves", "ZoomFrames", 30),
+                             ("orbit, sketched while it moves", "OrbitFrames", 30), ("orbit of all in each frame", "OrbitWholeFrames", None),
+                             ("orbit of a tenth of the width in each frame", "OrbitNearFrames", None)]:
+        if name in rows:
+            speed = rows[name]["frames"] / rows[name]["real_time"] * 1000
+            verdict = "   missed" if goal is not None and speed < goal else ""
+            print(f"{what:<52}{speed:>14.1f}{goal if goal is not None else '-':>8}{verdict}")
+
+
 def print_toolkit(program, folder, only):
     """What the library's classes cost, beside the same work on plain structs."""
     rows = measured(program, folder, only)
@@ -99,6 +112,7 @@ def main():
     maker = programs / "kx_make_drawing"
     drawing = prepared(folder, maker, "all.dxf", options.entities, LAYERS)
     prepared(folder, maker, "tenth.dxf", options.entities // 10, LAYERS)
+    prepared(folder, maker, "plan.dxf", options.entities, LAYERS, 0, REACH)
     prepared(folder, maker, "layers.dxf", 1000, MANY_LAYERS)
     prepared(folder, maker, "unused.dxf", 0, MANY_LAYERS, MANY_LAYERS)
     prepared(folder, maker, "unused-tenth.dxf", 0, MANY_LAYERS // 10, MANY_LAYERS // 10)
@@ -131,6 +145,7 @@ def main():
         ("ShowAllObject over all objects", "walks", 0.3, ratio("ShowAllObject", "Walk")),
         (f"-PURGE of {MANY_LAYERS} layers and blocks / of a tenth", "times", 20.0, ratio("Purge", "PurgeTenth")),
         (f"ShowAllLayer over {MANY_LAYERS} layers", "walks", 0.05, ratio("ShowAllLayer", "Walk")),
+        ("first picture of a plan, after opening it", "times opening it", 2.0, ratio("FirstPicture", "OpenPlan")),
         ("open and close one object by id", "ns", 20.0, rows.get("OpenCloseById", {}).get("each_ns")),
     ]
     print(f"{options.entities} entities, {LAYERS} layers, {size / 1e6:.0f} MB; one walk {seconds.get('Walk', 0):.3f} s, "
@@ -139,6 +154,7 @@ def main():
     for what, unit, goal, value in table:
         verdict = "" if value is None or value <= goal else "   missed"
         print(f"{what:<52}{'-' if value is None else format(value, '.2f'):>10}{goal:>8.2f}  {unit}{verdict}")
+    print_frames(rows)
     print_interpreters(rows)
     print_utilities(programs / "kx_bench_utilities", options.only)
     print_toolkit(programs / "kx_bench_toolkit", folder, options.only)

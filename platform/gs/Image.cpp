@@ -13,6 +13,9 @@ namespace {
 
 // Lines that pass between two pixels take the same one, whatever the last digits of their points.
 constexpr double kTie = 1e-6;
+// Fixed-point numbers along a line: 20 bits before the point, 40 behind it.
+constexpr int kFixedBits = 40;
+constexpr double kFixedOne = double(int64_t(1) << kFixedBits);
 
 }   // namespace
 
@@ -130,15 +133,26 @@ void ImagePainter::Line(const DevicePoint& from, const DevicePoint& to, uint32_t
     const int sides = isSteep ? m_image.width() : m_image.height();
     const int first = int(std::clamp(std::floor(start), -1.0, double(last) + 1));
     const int final = int(std::clamp(std::floor(end), -1.0, double(last) + 1));
+    const int begin = std::max(first, 0), finish = std::min(final, last);
+    if (begin > finish || !(std::abs(side) < 1e6 && std::abs(otherSide) < 1e6))
+        return;
     const double slope = end > start ? (otherSide - side) / (end - start) : 0;
     const double least = std::min(side, otherSide), most = std::max(side, otherSide);
-    for (int at = std::max(first, 0); at <= std::min(final, last); ++at) {
-        const double place = std::clamp(side + (at + 0.5 - start) * slope, least, most) + kTie;
-        if (place < 0 || place >= sides)
-            continue;
-        uint32_t* row = m_image.Row(isSteep ? at : int(place));
-        row[isSteep ? int(place) : at] = rgb;
-    }
+    const auto placeAt = [&](int at) { return std::clamp(side + (at + 0.5 - start) * slope, least, most) + kTie; };
+    const auto set = [&](int at, int place) {
+        if (place >= 0 && place < sides)
+            m_image.Row(isSteep ? at : place)[isSteep ? place : at] = rgb;
+    };
+    // The middle of the first and the last pixel may lie beyond the ends; between them the way is even.
+    set(begin, int(std::floor(placeAt(begin))));
+    if (finish > begin)
+        set(finish, int(std::floor(placeAt(finish))));
+    if (finish - begin < 2)
+        return;
+    int64_t place = int64_t(placeAt(begin + 1) * kFixedOne);
+    const int64_t step = int64_t(slope * kFixedOne);
+    for (int at = begin + 1; at < finish; ++at, place += step)
+        set(at, int(place >> kFixedBits));
 }
 
 void ImagePainter::ThickLine(const DevicePoint& from, const DevicePoint& to, const Pen& pen)
