@@ -40,7 +40,7 @@ BOOL CKxAcDbPreviewCtrl::OnMouseWheel(UINT, short delta, CPoint screen)
     ScreenToClient(&place);
     const CRect rect = ClientRect();
     const double right = place.x - (rect.left + rect.right) / 2, up = (rect.top + rect.bottom) / 2 - place.y;
-    if (!(place == m_wheelPlace))
+    if (place.x != m_wheelPlace.x || place.y != m_wheelPlace.y)
         m_stepsForward = 0;
     m_wheelPlace = place;
     double factor = kForwardZoom;
