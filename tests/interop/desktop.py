@@ -49,7 +49,8 @@ class Window:
         raise AssertionError("the picture never rests")
 
     def type(self, text):
-        self.own.do("type", "--delay", "8", "--", text)
+        # Letters without a key are given one for a moment, which the program must hear of in time.
+        self.own.do("type", "--delay", "8" if text.isascii() else "250", "--", text)
         self.own.do("key", "Return")
 
     def title(self):
