@@ -59,6 +59,7 @@ DrawingView& View()
 {
     static DrawingView view(*Large());
     view.Resize(kWidth, kHeight);
+    view.SetCamera(KxPlat::Camera());   // from above
     view.ZoomExtents();
     view.Picture();
     return view;

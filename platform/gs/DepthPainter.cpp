@@ -43,7 +43,7 @@ void DepthPainter::Set(int x, int y, double depth, uint32_t rgb)
 
 void DepthPainter::Strip(const DevicePoint* points, size_t count, const Pen& pen)
 {
-    if (count == 1)
+    if (count == 1 && std::abs(points->x) < 1e6 && std::abs(points->y) < 1e6)
         Set(int(std::floor(points->x)), int(std::floor(points->y)), points->depth * m_depthScale + kLineLift, pen.rgb);
     for (size_t at = 1; at < count; ++at)
         if (pen.width >= 1.5)
@@ -55,6 +55,8 @@ void DepthPainter::Strip(const DevicePoint* points, size_t count, const Pen& pen
 void DepthPainter::Line(const DevicePoint& from, const DevicePoint& to, uint32_t rgb)
 {
     const double dx = to.x - from.x, dy = to.y - from.y, dz = (to.depth - from.depth) * m_depthScale;
+    if (!(std::abs(dx) < 1e6 && std::abs(dy) < 1e6 && std::abs(from.x) < 1e6 && std::abs(from.y) < 1e6))
+        return;
     const int steps = int(std::ceil(std::max(std::abs(dx), std::abs(dy))));
     for (int step = 0; step <= steps; ++step) {
         const double share = steps == 0 ? 0 : double(step) / steps;

@@ -17,6 +17,13 @@ constexpr double kTie = 1e-6;
 constexpr int kFixedBits = 40;
 constexpr double kFixedOne = double(int64_t(1) << kFixedBits);
 
+// The same as std::floor for what an int holds, without a call.
+int WholeBelow(double value)
+{
+    const int cut = int(value);
+    return cut - (value < cut ? 1 : 0);
+}
+
 }   // namespace
 
 Image::Image(int width, int height, uint32_t background)
@@ -105,7 +112,7 @@ void ImagePainter::Strip(const DevicePoint* points, size_t count, const Pen& pen
         if (pen.width >= 2)
             ThickLine({points->x - 0.01, points->y, 0}, {points->x + 0.01, points->y, 0}, pen);
         else
-            Set(int(std::floor(points->x)), int(std::floor(points->y)), pen.rgb);
+            Set(WholeBelow(std::clamp(points->x, -1.0, 1e6)), WholeBelow(std::clamp(points->y, -1.0, 1e6)), pen.rgb);
     }
     for (size_t at = 1; at < count; ++at)
         if (pen.width >= 1.5)
@@ -129,10 +136,12 @@ void ImagePainter::Line(const DevicePoint& from, const DevicePoint& to, uint32_t
     const DevicePoint &low = isBackward ? to : from, &high = isBackward ? from : to;
     const double start = isSteep ? low.y : low.x, end = isSteep ? high.y : high.x;
     const double side = isSteep ? low.x : low.y, otherSide = isSteep ? high.x : high.y;
+    if (!(std::abs(start) < 1e9 && std::abs(end) < 1e9))
+        return;
     const int last = isSteep ? m_image.height() - 1 : m_image.width() - 1;
     const int sides = isSteep ? m_image.width() : m_image.height();
-    const int first = int(std::clamp(std::floor(start), -1.0, double(last) + 1));
-    const int final = int(std::clamp(std::floor(end), -1.0, double(last) + 1));
+    const int first = WholeBelow(std::clamp(start, -1.0, double(last) + 1));
+    const int final = WholeBelow(std::clamp(end, -1.0, double(last) + 1));
     const int begin = std::max(first, 0), finish = std::min(final, last);
     if (begin > finish || !(std::abs(side) < 1e6 && std::abs(otherSide) < 1e6))
         return;
@@ -144,9 +153,9 @@ void ImagePainter::Line(const DevicePoint& from, const DevicePoint& to, uint32_t
             m_image.Row(isSteep ? at : place)[isSteep ? place : at] = rgb;
     };
     // The middle of the first and the last pixel may lie beyond the ends; between them the way is even.
-    set(begin, int(std::floor(placeAt(begin))));
+    set(begin, WholeBelow(placeAt(begin)));
     if (finish > begin)
-        set(finish, int(std::floor(placeAt(finish))));
+        set(finish, WholeBelow(placeAt(finish)));
     if (finish - begin < 2)
         return;
     int64_t place = int64_t(placeAt(begin + 1) * kFixedOne);

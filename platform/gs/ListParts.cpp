@@ -5,6 +5,7 @@
 #include "../rx/AcRxClass.h"
 #include "ListGeometry.h"
 #include "Scene.h"
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -19,6 +20,12 @@ constexpr double kEndless = 1e9;   // half the length at which a line without en
 bool IsDrawable(const AcGePoint3d& point)
 {
     return std::abs(point.x) < kFarthest && std::abs(point.y) < kFarthest && std::abs(point.z) < kFarthest;
+}
+
+bool IsDrawable(const AcGeMatrix3d& transform)
+{
+    const double* entries = &transform.entry[0][0];
+    return std::all_of(entries, entries + 16, [](double entry) { return std::abs(entry) < kFarthest; });
 }
 
 AcGePoint3d AsPoint(const AcGeVector3d& vector)
@@ -290,6 +297,10 @@ Adesk::Boolean ListGeometry::draw(AcGiDrawable* drawable) const
         const Scene& scene = m_scene;
         if (scene.TakingDepth() >= kDeepestBlock || scene.IsTaking(block->objectId())) {
             m_list.Note(DrawNote::DeepBlocks);
+            return Adesk::kFalse;
+        }
+        if (!IsDrawable(Top())) {
+            m_list.Note(DrawNote::Damaged);
             return Adesk::kFalse;
         }
         m_list.blocks.push_back({block->objectId(), Top()});

@@ -58,7 +58,7 @@ private:
         const DevicePoint &high = a.y < b.y ? a : b, &low = a.y < b.y ? b : a;
         const double first = std::max(std::ceil(high.y - 0.5), 0.0);
         const double last = std::min(std::ceil(low.y - 0.5) - 1, double(height - 1));
-        if (!(first <= last))
+        if (!(first <= last) || !std::isfinite(a.x) || !std::isfinite(b.x))
             return;
         const double slope = (low.x - high.x) / (low.y - high.y);
         m_edges.push_back({int(first), int(last), high.x + (first + 0.5 - high.y) * slope, slope});

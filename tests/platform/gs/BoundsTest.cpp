@@ -99,6 +99,8 @@ TEST_F(Bounds, AChainOfBlocksThatLeadsTooDeep)
 
 TEST_F(Bounds, AbsurdPlacesAndSizes)
 {
+    const AcDbObjectId block = AddBlock(L"B");
+    Add(Line(0, 0, 1, 0), block);
     for (const double at : {1e300, -1e300, 1e16, double(NAN), double(INFINITY)}) {
         Add(Line(at, 0, 10, 10));
         auto* text = new AcDbText;
@@ -106,7 +108,7 @@ TEST_F(Bounds, AbsurdPlacesAndSizes)
         text->setPosition(AcGePoint3d(at, 0, 0));
         text->setHeight(2.5);
         Add(text);
-        auto* insertion = new AcDbBlockReference(AcGePoint3d(0, at, 0), AddBlock(L"*U"));
+        auto* insertion = new AcDbBlockReference(AcGePoint3d(0, at, 0), block);
         Add(insertion);
     }
     Add(Line(10, 10, 90, 10));
@@ -114,7 +116,7 @@ TEST_F(Bounds, AbsurdPlacesAndSizes)
     view.Resize(100, 100);
     view.SetBackground(kWhite);
     EXPECT_GT(Inked(view.Picture()), 50);   // the line alone fills the extents
-    EXPECT_GE(view.scene().CountOf(DrawNote::Damaged), 5u);
+    EXPECT_EQ(view.scene().CountOf(DrawNote::Damaged), 15u);
     view.SetCamera(Camera::Over(-1e14, -1e14, 1e14, 1e14));
     view.Picture();
     view.ZoomAt(3, 3, 1e20);
