@@ -1,7 +1,6 @@
 #include "DrawingView.h"
 #include "../db/AcDbBlockTableRecord.h"
 #include "../db/AcDbDatabase.h"
-#include "../db/AcDbViewportTableRecord.h"
 #include "../db/core/DbCore.h"
 #include "Emphasis.h"
 #include "Frame.h"
@@ -309,28 +308,6 @@ void DrawingView::SetCamera(const Camera& camera)
     now.fieldWidth = std::clamp(camera.fieldWidth, kSmallestField, kLargestField);
     now.fieldHeight = std::clamp(camera.fieldHeight, kSmallestField, kLargestField);
     m_state->Touch();
-}
-
-bool DrawingView::ZoomSaved()
-{
-    bool isFound = false;
-    for (AcDbStub* stub : CoreOf(m_state->database).Table(TableKind::Viewport)->records()) {
-        const auto* record = static_cast<const AcDbViewportTableRecord*>(stub->object);
-        if (isFound || record == nullptr || stub->erased || record->nameText().CompareNoCase(L"*Active") != 0 ||
-            !(record->height() > 0) || record->viewDirection().isZeroLength())
-            continue;
-        Camera camera;
-        camera.direction = record->viewDirection().normal();
-        AcGePoint3d origin;
-        AcGeVector3d x, z;
-        AcGeMatrix3d::planeToWorld(camera.direction).getCoordSystem(origin, x, camera.up, z);
-        camera.target = record->target() + x * record->centerPoint().x + camera.up * record->centerPoint().y;
-        camera.fieldHeight = record->height();
-        camera.fieldWidth = record->height() * width() / height();
-        SetCamera(camera);
-        isFound = true;
-    }
-    return isFound;
 }
 
 void DrawingView::ZoomExtents()

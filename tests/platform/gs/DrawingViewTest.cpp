@@ -1,7 +1,7 @@
 // A window's view of a drawing: cameras, picking, and pictures that follow what happens to the drawing.
 #include "gs/DrawingView.h"
 #include "db/AcDbCircle.h"
-#include "db/AcDbText.h"
+#include "db/AcDbViewportTableRecord.h"
 #include "Sheet.h"
 #include <numbers>
 
@@ -107,6 +107,28 @@ TEST_F(ViewOfSheet, ExtentsPassOverWhatDimensionsMeasure)
     view.Changed();
     view.ZoomExtents();
     EXPECT_NEAR(view.camera().fieldWidth, 21, 0.1);
+}
+
+TEST_F(ViewOfSheet, ViewsThatFilesHoldAreFound)
+{
+    AcDbViewportTable* table = nullptr;
+    ASSERT_EQ(db.getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
+    AcDbViewportTableRecord* record = nullptr;
+    if (table->getAt(L"*Active", record, AcDb::kForWrite) != Acad::eOk) {
+        record = new AcDbViewportTableRecord;
+        record->setName(L"*Active");
+        ASSERT_EQ(table->add(record), Acad::eOk);
+    }
+    table->close();
+    record->setCenterPoint(AcGePoint2d(300, 200));
+    record->setHeight(40);
+    record->setTarget(AcGePoint3d(1000, 0, 0));
+    record->setViewDirection(AcGeVector3d(0, 0, 5));
+    record->close();
+    EXPECT_TRUE(view.ZoomSaved());
+    EXPECT_TRUE(view.camera().target.isEqualTo(AcGePoint3d(1300, 200, 0)));
+    EXPECT_NEAR(view.camera().fieldHeight, 40, 1e-9);
+    EXPECT_NEAR(view.camera().fieldWidth, 40, 1e-9);
 }
 
 TEST_F(ViewOfSheet, OrbitTurnsWhatIsSeen)
