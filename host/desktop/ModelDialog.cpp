@@ -40,6 +40,14 @@ public:
             first->setFocus();
     }
 
+    // Widgets on their way out have nothing to report.
+    ~ModelDialog() override
+    {
+        for (const auto& shown : m_widgets)
+            shown->Widget().blockSignals(true);
+    }
+    ModelDialog(const ModelDialog&) = delete;
+
     // Of a window in the dialog, which the platform lays out for letters of another size.
     QRect PlaceOf(const RECT& rect) const
     {
