@@ -1,7 +1,9 @@
 """pictures.py DRAWING: the picture of a drawing shows what the drawing add-on of ezdxf shows, cell by cell of a coarse grid.
 
 Both pictures are laid into a grid over what is inked. A cell that is inked in one picture has to be inked in the other, or
-in a neighbour of it there: fonts, arrow heads and the ends of dashes differ a little."""
+in a neighbour of it there: fonts, arrow heads and the ends of dashes differ a little. Each hue
+of a cell there has to be found here, too."""
+import colorsys
 import struct
 import sys
 import tempfile
@@ -22,6 +24,15 @@ except ImportError:
 COLUMNS, ROWS = 60, 40
 FILLING = 2 * ROWS     # lines across a filled area
 MOST_DIFFERENT = 0.02   # share of the cells that are inked in either
+HUES = 12              # of the colour circle; neighbours count as alike
+LEAST_COLOUR = 48      # between the largest and the smallest part of a colour; less is grey
+
+
+def hue_of(red, green, blue):
+    """A number of the colour circle; None for greys."""
+    if max(red, green, blue) - min(red, green, blue) < LEAST_COLOUR:
+        return None
+    return round(colorsys.rgb_to_hsv(red, green, blue)[0] * HUES) % HUES
 
 
 class Recorder(Backend):
@@ -35,10 +46,10 @@ class Recorder(Backend):
         self.background = color
 
     def draw_point(self, pos, properties):
-        self.segments.append((pos.x, pos.y, pos.x, pos.y))
+        self.segments.append((pos.x, pos.y, pos.x, pos.y, properties.color))
 
     def draw_line(self, start, end, properties):
-        self.segments.append((start.x, start.y, end.x, end.y))
+        self.segments.append((start.x, start.y, end.x, end.y, properties.color))
 
     def draw_filled_polygon(self, points, properties):
         points = list(points)
@@ -51,7 +62,7 @@ class Recorder(Backend):
         for step in range(1, FILLING):
             y = low + (high - low) * step / FILLING
             xs = sorted(a.x + (b.x - a.x) * (y - a.y) / (b.y - a.y) for a, b in edges if (a.y > y) != (b.y > y))
-            self.segments += [(left, y, right, y) for left, right in zip(xs[::2], xs[1::2])]
+            self.segments += [(left, y, right, y, properties.color) for left, right in zip(xs[::2], xs[1::2])]
 
     def draw_text(self, text, transform, properties, cap_height):
         width = self.get_text_line_width(text, cap_height)
@@ -109,33 +120,58 @@ def read_png(path):
 
 
 def cells_of_picture(path):
+    """The hues in each cell that is inked."""
     width, height, rows = read_png(path)
     inked = [(x, y) for y, row in enumerate(rows) for x in range(width) if row[x * 3:x * 3 + 3] != b"\xff\xff\xff"]
     if not inked:
-        return set()
+        return {}
     left, right = min(x for x, _ in inked), max(x for x, _ in inked) + 1
     top, bottom = min(y for _, y in inked), max(y for _, y in inked) + 1
-    return {((x - left) * COLUMNS // (right - left), (y - top) * ROWS // (bottom - top)) for x, y in inked}
+    cells, hues = {}, {}
+    for x, y in inked:
+        color = bytes(rows[y][x * 3:x * 3 + 3])
+        if color not in hues:
+            hues[color] = hue_of(*color)
+        cells.setdefault(((x - left) * COLUMNS // (right - left), (y - top) * ROWS // (bottom - top)), set()).add(hues[color])
+    return cells
 
 
 def cells_of_segments(segments):
+    if not segments:
+        return {}
     xs = [x for s in segments for x in (s[0], s[2])]
     ys = [y for s in segments for y in (s[1], s[3])]
     left, bottom = min(xs), min(ys)
     wide, high = max(max(xs) - left, 1e-9), max(max(ys) - bottom, 1e-9)
-    cells = set()
-    for x1, y1, x2, y2 in segments:
+    cells = {}
+    for x1, y1, x2, y2, color in segments:
+        hue = hue_of(*bytes.fromhex(color[1:7]))
         steps = int(max(abs(x2 - x1) / wide * COLUMNS, abs(y2 - y1) / high * ROWS) * 3) + 1
         for step in range(steps + 1):
             x, y = x1 + (x2 - x1) * step / steps, y1 + (y2 - y1) * step / steps
             column, row = int((x - left) / wide * COLUMNS), int((y - bottom) / high * ROWS)
-            cells.add((min(column, COLUMNS - 1), ROWS - 1 - min(row, ROWS - 1)))
+            cells.setdefault((min(column, COLUMNS - 1), ROWS - 1 - min(row, ROWS - 1)), set()).add(hue)
     return cells
 
 
+def around(cell, cells):
+    x, y = cell
+    return [cells[at] for at in ((x + dx, y + dy) for dx in (-1, 0, 1) for dy in (-1, 0, 1)) if at in cells]
+
+
 def missing(cells, others):
-    return {(x, y) for x, y in cells
-            if not any((x + dx, y + dy) in others for dx in (-1, 0, 1) for dy in (-1, 0, 1))}
+    return {cell for cell in cells if not around(cell, others)}
+
+
+def discoloured(cells, others):
+    """Cells with a hue that the others have nowhere around."""
+    found = set()
+    for cell, hues in cells.items():
+        there = set().union(*around(cell, others)) - {None}
+        alike = {(hue + step) % HUES for hue in there for step in (-1, 0, 1)}
+        if around(cell, others) and hues - {None} - alike:
+            found.add(cell)
+    return found
 
 
 def difference(source, folder):
@@ -145,12 +181,14 @@ def difference(source, folder):
     if result.status != 0:
         return str(result)
     ours = cells_of_picture(picture)
-    segments = recorded(ezdxf.readfile(source))
-    theirs = cells_of_segments(segments) if segments else set()
+    theirs = cells_of_segments(recorded(ezdxf.readfile(source)))
     lacking, added = missing(theirs, ours), missing(ours, theirs)
-    if ours and len(lacking) + len(added) <= MOST_DIFFERENT * len(ours | theirs):
+    hues = discoloured(theirs, ours)   # not the other way: where lines cross, pixels here are mixtures
+    most = MOST_DIFFERENT * len(ours.keys() | theirs.keys())
+    if ours and len(lacking) + len(added) <= most and len(hues) <= most:
         return None
-    return f"{len(ours)} cells inked here, {len(theirs)} there; lacking {sorted(lacking)[:20]}, added {sorted(added)[:20]}"
+    return (f"{len(ours)} cells inked here, {len(theirs)} there; lacking {sorted(lacking)[:20]}, added {sorted(added)[:20]}, "
+            f"of other hues {sorted(hues)[:20]}")
 
 
 def main(source):
