@@ -17,7 +17,6 @@ private:
 
 ListBuilder::ListBuilder(DisplayList& list, Scene& scene)
     : m_list(list),
-      m_scene(scene),
       m_traits(std::make_unique<ListTraits>()),
       m_geometry(std::make_unique<ListGeometry>(list, *this, *m_traits, scene)),
       m_context(std::make_unique<Context>(&scene.database()))

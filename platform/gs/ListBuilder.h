@@ -37,7 +37,6 @@ private:
     class Context;
 
     DisplayList& m_list;
-    Scene& m_scene;
     bool m_isOpen = false;   // the last entity's box still grows
     std::unique_ptr<ListTraits> m_traits;
     std::unique_ptr<ListGeometry> m_geometry;
