@@ -299,7 +299,7 @@ void CKxAcDbPreviewCtrl::OnFileSaveAs()
     CString name;
     if (m_view == nullptr || Gi::AskSaveFileName(L"图形另存为", L"dwg", name) != 0)
         return;
-    if (m_db->saveAs(name, true, AcDb::kDHL_1024) != Acad::eOk)
+    if (m_db->saveAs(name, true, AcDb::kDHL_1024, nullptr) != Acad::eOk)
         AfxMessageBox(L"另存文件失败");
 }
 

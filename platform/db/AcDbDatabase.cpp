@@ -244,8 +244,11 @@ Acad::ErrorStatus AcDbDatabase::dxfOut(const ACHAR* fileName, int precision, AcD
     return Write(*m_core, *this, fileName, version, precision);
 }
 
-Acad::ErrorStatus AcDbDatabase::saveAs(const ACHAR* fileName, bool backUp, AcDb::AcDbDwgVersion version)
+Acad::ErrorStatus AcDbDatabase::saveAs(const ACHAR* fileName, bool backUp, AcDb::AcDbDwgVersion version,
+                                       const SecurityParams* security)
 {
+    if (security != nullptr)
+        return Acad::eNotApplicable;
     if (backUp && fileName != nullptr && !BackUpFile(fileName))
         return Acad::eFileAccessErr;
     return Write(*m_core, *this, fileName, version, 16);

@@ -8,6 +8,7 @@
 #include "AcDbObject.h"
 #include <memory>
 
+struct SecurityParams;   // how a drawing is locked; never defined here
 class AcDbBlockTable;
 class AcDbDictionary;
 class AcDbDimStyleTable;
@@ -114,8 +115,10 @@ public:
     Acad::ErrorStatus dxfIn(const ACHAR* fileName, const ACHAR* logFileName = nullptr);
     Acad::ErrorStatus dxfOut(const ACHAR* fileName, int precision = 16,
                              AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT, bool saveThumbnailImage = false);
+    // Drawings are saved without a password: `security` must be null, else eNotApplicable.
     Acad::ErrorStatus saveAs(const ACHAR* fileName, bool backUp = false,
-                             AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT);
+                             AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT,
+                             const SecurityParams* security = nullptr);
     Acad::ErrorStatus save();
     Acad::ErrorStatus getFilename(const ACHAR*& name) const;
     AcDb::AcDbDwgVersion originalFileVersion() const;
