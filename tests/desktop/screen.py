@@ -40,6 +40,7 @@ class Screen:
             raise OSError("Xvfb does not start")
         self.environment = dict(os.environ, DISPLAY=f":{number}", QT_QPA_PLATFORM="xcb", XDG_RUNTIME_DIR=self.folder.name,
                                 XDG_STATE_HOME=f"{self.folder.name}/state", LANG="C.UTF-8", LC_ALL="C.UTF-8", QT_ACCESSIBILITY="0",
+                                ASAN_OPTIONS="detect_leaks=1",   # the keyboard library copies from texts without an end
                                 LSAN_OPTIONS=f"suppressions={LEAKS}:print_suppressions=0")
         return self
 

@@ -209,7 +209,8 @@ TEST_F(WholeCopy, KeepsVariablesGroupsAndDataOfPrograms)
     opened->append(line);
     opened->close();
     auto* record = new AcDbXrecord;
-    resbuf* chain = acutBuildList(40, 1.5, 330, line.asOldId(), RTNONE);
+    ads_name toLine = {line.asOldId(), 0};
+    resbuf* chain = acutBuildList(40, 1.5, 330, toLine, RTNONE);
     record->setFromRbChain(*chain);
     acutRelRb(chain);
     AddTo(static_cast<AcDbDictionary*>(CoreOf(db).namedObjects->object), L"MINE", record);
