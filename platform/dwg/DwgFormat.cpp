@@ -19,7 +19,7 @@ Acad::ErrorStatus Read(AcDbDatabase& database, const wchar_t* path, ReadReport& 
         return Acad::eFileAccessErr;
     }
     DwgReport heard;
-    const bool isRead = ReadDwg(database, file.View(), heard);
+    const bool isRead = ReadDwg(database, file.View(), heard, nullptr, &file);
     report.repairs = heard.mendedCount();
     report.lost = heard.lostCount();
     for (const std::string& line : heard.lines())

@@ -1,6 +1,7 @@
 #include "DwgReader.h"
 #include "../db/AcDbDatabase.h"
 #include "../db/core/DbCore.h"
+#include "../win/MappedFile.h"
 #include "ByteWalk.h"
 #include "ClassTable.h"
 #include "Container.h"
@@ -19,7 +20,7 @@ namespace {
 
 class DwgReader {
 public:
-    DwgReader(DbCore& core, DwgReport& report) : m_core(core), m_report(report) {}
+    DwgReader(DbCore& core, DwgReport& report, MappedFile* mapped) : m_core(core), m_report(report), m_mapped(mapped) {}
     bool Read(std::string_view file, ObjectsRead& read);
 
 private:
@@ -27,9 +28,11 @@ private:
     std::vector<ObjectPlace> Places(std::string_view objects, DwgRoots& roots);
     void TakeSections();
     void Keep(std::string_view name, std::string bytes);
+    void GiveBack(std::string_view file, ObjectsToRead& input);
 
     DbCore& m_core;
     DwgReport& m_report;
+    MappedFile* m_mapped;
     DwgSections m_sections;
     SectionForm m_form;
 };
@@ -82,6 +85,18 @@ void DwgReader::TakeSections()
         Keep(name, std::string(m_sections.BytesOf(name)));
 }
 
+// Of a file whose objects have been unpacked, all of it; else what lies behind the reader.
+void DwgReader::GiveBack(std::string_view file, ObjectsToRead& input)
+{
+    if (m_mapped == nullptr)
+        return;
+    const bool isPartOfFile = input.objects.data() >= file.data() && input.objects.data() < file.data() + file.size();
+    if (!isPartOfFile)
+        return m_mapped->Drop(file.size());
+    const uint64_t start = uint64_t(input.objects.data() - file.data());
+    input.passed = [this, start](uint64_t address) { m_mapped->Drop(start + address); };
+}
+
 bool DwgReader::Read(std::string_view file, ObjectsRead& read)
 {
     if (!ReadContainer(file, m_sections, m_report))
@@ -104,6 +119,7 @@ bool DwgReader::Read(std::string_view file, ObjectsRead& read)
     input.places = &places;
     input.objects = objects;
     input.roots = header.roots;
+    GiveBack(file, input);
     read = ReadObjects(*m_core.database, input, m_report);
     if (read.count == 0) {
         m_report.Fail("no object of the drawing can be read");
@@ -125,10 +141,10 @@ bool DwgReader::Read(std::string_view file, ObjectsRead& read)
 
 }   // namespace
 
-bool ReadDwg(AcDbDatabase& database, std::string_view file, DwgReport& report, ObjectsRead* read)
+bool ReadDwg(AcDbDatabase& database, std::string_view file, DwgReport& report, ObjectsRead* read, MappedFile* mapped)
 {
     ObjectsRead found;
-    const bool isRead = DwgReader(CoreOf(database), report).Read(file, found);
+    const bool isRead = DwgReader(CoreOf(database), report, mapped).Read(file, found);
     if (read != nullptr)
         *read = found;
     return isRead;

@@ -46,7 +46,9 @@ void ClosePage(BitWriter& pairs, std::string& out)
 
 std::vector<ObjectPlace> ReadObjectMap(std::string_view section, DwgReport& report)
 {
+    constexpr size_t kUsualPair = 3;   // bytes
     std::vector<ObjectPlace> places;
+    places.reserve(section.size() / kUsualPair);
     ByteWalk in(section);
     for (;;) {
         const uint64_t start = in.at();

@@ -55,6 +55,8 @@ CString DwgInput::NameOf(uint64_t handle)
 
 namespace {
 
+constexpr size_t kPlacesBetweenTellings = 4096;
+
 // Types of the tenth table, which old files have and nobody needs.
 constexpr int kOldViewportTable = 70, kOldViewport = 71;
 
@@ -316,8 +318,11 @@ ObjectsRead ObjectsReader::Run()
         Need(file.roots.tables[size_t(kind)]);
     const uint64_t last = file.places->empty() ? 0 : file.places->back().handle;
     Progress progress(L"Reading", file.places->size());
+    m_entities.reserve(file.places->size());
     for (size_t place = 0; place < file.places->size(); ++place) {
         ReadOnce(place);
+        if (place % kPlacesBetweenTellings == 0 && file.passed)
+            file.passed((*file.places)[place].address);
         progress.At(place);
     }
     for (AcDbStub* stub : core.tables)

@@ -3,6 +3,7 @@
 #include "../db/core/Fields.h"
 #include "DwgReport.h"
 #include "DwgSections.h"
+#include <functional>
 
 class AcDbDatabase;
 
@@ -24,6 +25,7 @@ struct ObjectsToRead {
     const std::vector<ObjectPlace>* places = nullptr;   // by rising handle
     std::string_view objects;                           // what the places count from
     DwgRoots roots;
+    std::function<void(uint64_t address)> passed;   // told now and then how far reading has come; may be empty
 };
 
 // What reading found out besides the drawing, for those who check the reader.
