@@ -39,7 +39,8 @@ BOOL CKxAcDbPreviewCtrl::OnMouseWheel(UINT, short delta, CPoint screen)
     CPoint place = screen;
     ScreenToClient(&place);
     const CRect rect = ClientRect();
-    const double right = place.x - (rect.left + rect.right) / 2, up = (rect.top + rect.bottom) / 2 - place.y;
+    const CPoint middle((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);   // a whole pixel
+    const double right = place.x - middle.x, up = middle.y - place.y;
     if (place.x != m_wheelPlace.x || place.y != m_wheelPlace.y)
         m_stepsForward = 0;
     m_wheelPlace = place;

@@ -193,7 +193,7 @@ std::unique_ptr<ControlWidget> NewByKind(QWidget& parent, DialogControl& control
 
 }   // namespace
 
-std::unique_ptr<ControlWidget> NewControlWidget(QWidget& parent, DialogControl& control, ControlReport report)
+std::unique_ptr<ControlWidget> NewControlWidget(QWidget& parent, DialogControl& control, const ControlReport& report)
 {
     std::unique_ptr<ControlWidget> made = NewByKind(parent, control, report);
     made->Widget().setObjectName(QStringLiteral("control.%1").arg(control.id));

@@ -25,6 +25,7 @@ private:
 };
 
 // The widget is the parent's; its object's name is "control." and the control's number.
-std::unique_ptr<ControlWidget> NewControlWidget(QWidget& parent, KxPlat::DialogControl& control, ControlReport report);
+std::unique_ptr<ControlWidget> NewControlWidget(QWidget& parent, KxPlat::DialogControl& control,
+                                                const ControlReport& report);
 
 }   // namespace KxDesktop

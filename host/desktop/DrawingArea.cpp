@@ -381,6 +381,7 @@ void DrawingArea::TakeObjects(const std::vector<AcDbObjectId>& ids, bool removes
         return;
     if (m_kind != InputKind::Command) {
         std::vector<void*> objects;
+        objects.reserve(ids.size());
         for (const AcDbObjectId& id : ids)
             objects.push_back(static_cast<AcDbStub*>(id));
         const QPointF at = OnDevice(place);
@@ -433,8 +434,8 @@ void DrawingArea::paintEvent(QPaintEvent*)
         return;
     }
     const Image& picture = View()->PictureSoFar();
-    QImage image(reinterpret_cast<const uchar*>(picture.Row(0)), picture.width(), picture.height(), picture.width() * 4,
-                 QImage::Format_RGB32);
+    QImage image(reinterpret_cast<const uchar*>(picture.Row(0)), picture.width(), picture.height(),
+                 qsizetype(picture.width()) * 4, QImage::Format_RGB32);
     image.setDevicePixelRatio(devicePixelRatioF());
     painter.fillRect(rect(), QColor::fromRgb(m_background));
     painter.drawImage(0, 0, image);

@@ -44,7 +44,7 @@ QString Degrees(double radians)
 
 QString Taken(ACHAR* text)
 {
-    const QString shown = text == nullptr ? QString() : ToQt(text);
+    QString shown = text == nullptr ? QString() : ToQt(text);
     acutDelString(text);
     return shown;
 }

@@ -420,7 +420,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
     event->ignore();
     if (!m_isAsking)
         return;
-    const std::vector<AcApDocument*> open = OpenDocuments();
+    // A copy: what is asked may change the list.
+    const std::vector<AcApDocument*> open(OpenDocuments().begin(), OpenDocuments().end());
     for (AcApDocument* document : open)
         if (!MayClose(*document))
             return;

@@ -98,7 +98,7 @@ void WindowWidget::paintEvent(QPaintEvent*)
     }
     const std::vector<uint32_t>& pixels = window->Pixels();
     const QImage image(reinterpret_cast<const uchar*>(pixels.data()), window->Width(), window->Height(),
-                       window->Width() * 4, QImage::Format_RGB32);
+                       qsizetype(window->Width()) * 4, QImage::Format_RGB32);
     painter.fillRect(rect(), palette().window());
     painter.drawImage(0, 0, image);
 }

@@ -62,7 +62,7 @@ Image Image::Reduced(int factor) const
         for (int x = 0; x < small.width(); ++x) {
             uint32_t red = 0, green = 0, blue = 0;
             for (int row = 0; row < factor; ++row) {
-                const uint32_t* at = Row(y * factor + row) + x * factor;
+                const uint32_t* at = Row(y * factor + row) + ptrdiff_t(x) * factor;
                 for (int column = 0; column < factor; ++column) {
                     red += at[column] >> 16 & 0xFF;
                     green += at[column] >> 8 & 0xFF;

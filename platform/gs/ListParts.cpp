@@ -133,6 +133,7 @@ void ListGeometry::AddSmoothFace(const std::vector<uint32_t>& corners, const AcG
                                  const std::vector<AcGeVector3d>& normals) const
 {
     std::vector<AcGePoint3d> points;
+    points.reserve(corners.size());
     for (const uint32_t corner : corners)
         points.push_back(vertices[corner]);
     const uint32_t first = uint32_t(m_list.points.size());
