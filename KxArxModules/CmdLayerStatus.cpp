@@ -22,7 +22,7 @@ bool BuildSnapshot(CKxAcDb& db, const CStringArray& names, ResBufChain& list)
     if (!list.Append(acutBuildList(RTLB, 0)))
         return false;
     for (INT_PTR i = 0; i < names.GetSize(); ++i) {
-        const CString name = names.GetAt(i);
+        const CString& name = names.GetAt(i);
         bool off = false, frozen = false, locked = false;
         if (db.GetLayerStatus(name, off, &frozen, &locked, L';') != Acad::eOk)
             continue;

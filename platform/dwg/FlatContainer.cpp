@@ -85,7 +85,7 @@ bool FlatReader::ReadSecondHeader(Locator (&parts)[kPartCount])
     BitReader in(m_file.substr(at + sizeof(Sentinel)));
     in.RL();   // size
     in.BL();   // address
-    in.Skip(8 * (11 + 2));
+    in.Skip(size_t(8) * (11 + 2));
     in.BS();   // program
     in.RS();   // code page
     const unsigned count = in.BS();
