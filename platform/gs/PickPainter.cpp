@@ -1,6 +1,7 @@
 #include "PickPainter.h"
 #include "../gi/fonts/Font.h"
 #include "DisplayList.h"
+#include "SegmentCut.h"
 #include <algorithm>
 
 namespace KxPlat {
@@ -33,22 +34,7 @@ void PickPainter::Note(bool touches, bool isInside)
 
 bool PickPainter::Crosses(const DevicePoint& from, const DevicePoint& to) const
 {
-    const double ways[] = {from.x - to.x, to.x - from.x, from.y - to.y, to.y - from.y};
-    const double rooms[] = {from.x, m_width - from.x, from.y, m_height - from.y};
-    double begin = 0, end = 1;
-    for (int side = 0; side < 4; ++side) {
-        if (ways[side] == 0) {
-            if (rooms[side] < 0)
-                return false;
-            continue;
-        }
-        const double share = rooms[side] / ways[side];
-        if (ways[side] < 0)
-            begin = std::max(begin, share);
-        else
-            end = std::min(end, share);
-    }
-    return begin <= end;
+    return !PartWithin(from, to, m_width, m_height, 0).isEmpty();
 }
 
 void PickPainter::Strip(const DevicePoint* points, size_t count, const Pen&)

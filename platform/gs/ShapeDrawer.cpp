@@ -1,5 +1,6 @@
 #include "ShapeDrawer.h"
 #include "../gi/fonts/Font.h"
+#include "SegmentCut.h"
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -342,30 +343,16 @@ void ShapeDrawer::Clipped(const std::vector<DevicePoint>& line)
     flush();
 }
 
-// Liang and Barsky: the part of a segment within the device and its edge.
+// To the part of a segment within the device and its edge.
 bool ShapeDrawer::Cut(DevicePoint& from, DevicePoint& to) const
 {
-    const double dx = to.x - from.x, dy = to.y - from.y, dz = to.depth - from.depth;
-    double begin = 0, end = 1;
-    const double ways[] = {-dx, dx, -dy, dy};
-    const double rooms[] = {from.x + kEdge, m_width + kEdge - from.x, from.y + kEdge, m_height + kEdge - from.y};
-    for (int side = 0; side < 4; ++side) {
-        if (ways[side] == 0) {
-            if (rooms[side] < 0)
-                return false;
-            continue;
-        }
-        const double share = rooms[side] / ways[side];
-        if (ways[side] < 0)
-            begin = std::max(begin, share);
-        else
-            end = std::min(end, share);
-    }
-    if (!(begin <= end))
+    const SegmentPart part = PartWithin(from, to, m_width, m_height, kEdge);
+    if (part.isEmpty())
         return false;
+    const double dx = to.x - from.x, dy = to.y - from.y, dz = to.depth - from.depth;
     const DevicePoint start = from;
-    from = {start.x + dx * begin, start.y + dy * begin, start.depth + dz * begin};
-    to = {start.x + dx * end, start.y + dy * end, start.depth + dz * end};
+    from = {start.x + dx * part.begin, start.y + dy * part.begin, start.depth + dz * part.begin};
+    to = {start.x + dx * part.end, start.y + dy * part.end, start.depth + dz * part.end};
     return true;
 }
 
